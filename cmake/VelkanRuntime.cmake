@@ -1,0 +1,28 @@
+# The GCC runtime is linked dynamically so that the DLL and its hosts share
+# one unwinder and one libstdc++: an exception thrown in velkan.dll is then
+# caught in the host. Its DLLs are copied beside every program we build.
+set(VELKAN_RUNTIME_DLLS)
+foreach(dll libstdc++-6.dll libgcc_s_dw2-1.dll libwinpthread-1.dll)
+  execute_process(
+    COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${dll}
+    OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE)
+  if(NOT IS_ABSOLUTE "${path}" OR NOT EXISTS "${path}")
+    foreach(dir /usr/lib/gcc/i686-w64-mingw32/12-posix /usr/${VELKAN_TRIPLE}/lib)
+      if(EXISTS "${dir}/${dll}")
+        set(path "${dir}/${dll}")
+      endif()
+    endforeach()
+  endif()
+  if(NOT EXISTS "${path}")
+    message(FATAL_ERROR "GCC runtime ${dll} not found")
+  endif()
+  list(APPEND VELKAN_RUNTIME_DLLS "${path}")
+  file(COPY "${path}" DESTINATION "${CMAKE_BINARY_DIR}/bin")
+endforeach()
+
+# Common settings of the library and of everything built against it here.
+add_library(velkan_settings INTERFACE)
+target_compile_definitions(velkan_settings INTERFACE
+  UNICODE _UNICODE _WIN32_WINNT=0x0601 WINVER=0x0601 NOMINMAX)
+target_compile_options(velkan_settings INTERFACE -Wall -Wextra -Wno-unused-parameter)
+target_link_options(velkan_settings INTERFACE -shared-libgcc)

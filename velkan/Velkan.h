@@ -1,0 +1,9 @@
+#pragma once
+
+// Everything Velkan exports, in one include.
+#include "velkan/core/Export.h"
+#include "velkan/core/String.h"
+#include "velkan/core/Exceptions.h"
+#include "velkan/core/Win32Error.h"
+#include "velkan/core/Resource.h"
+#include "velkan/app/NotificationCenter.h"
