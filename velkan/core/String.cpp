@@ -234,7 +234,11 @@ CString& CString::Append(const wchar_t* text, int count) {
         MakeNull();
         return *this;
     }
+    // Text from our own buffer moves with it when the buffer grows.
+    const bool own = text >= m_buffer && text < m_buffer + m_capacity;
+    const std::ptrdiff_t offset = own ? text - m_buffer : 0;
     if (!EnsureCapacity(m_length + 1 + count, 1)) return *this;
+    if (own) text = m_buffer + offset;
     std::wmemmove(m_buffer + m_length, text, static_cast<std::size_t>(n));
     m_length += n;
     m_buffer[m_length] = L'\0';
