@@ -14,7 +14,8 @@ set(CMAKE_FIND_ROOT_PATH /usr/${VELKAN_TRIPLE})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+# Packages of host projects installed anywhere (find_package(Velkan)).
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE BOTH)
 
 # Test programs run under Wine through the project's wrapper, which sets the
 # prefix and the search path of the GCC runtime DLLs.

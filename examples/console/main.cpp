@@ -40,8 +40,8 @@ int main() {
     Say(CString::FormatS(L"null stays null after Append: %s", nullText.IsNull() ? L"yes" : L"no"));
 
     CString greeting = CString::FromUtf8("Gr\xC3\xBC\xC3\x9F" "e \xF0\x9F\x98\x80");
-    Say(CString::FormatS(L"UTF-8 in, %d UTF-16 units, back out: %S", greeting.GetLength(),
-                         greeting.GetUtf8String()));
+    Say(CString::FormatS(L"UTF-8 in, %d UTF-16 units, back out: %s", greeting.GetLength(),
+                         greeting.GetString()));
 
     CWin32Error error(ERROR_FILE_NOT_FOUND, nullptr);
     Say(CString::FormatS(L"error %lu: %s", error.GetErrorCode(), error.GetErrorMessage().GetString()));
