@@ -400,17 +400,17 @@ TEST(StringReplace, TextReplacementRules) {
     xyz.Replace(L"a", nullptr);
     EXPECT_EQ(L"xyz", W(xyz));
 
-    CString aaaa(L"aaaa");
-    aaaa.Replace(L"aa", L"b");
-    EXPECT_EQ(L"bb", W(aaaa));
-
-    CString grow(L"a-b-c");
-    grow.Replace(L"-", L"<->");
-    EXPECT_EQ(L"a<->b<->c", W(grow));
-
-    CString ends(L"xaxbx");
-    ends.Replace(L"x", L"");
-    EXPECT_EQ(L"ab", W(ends));
+    struct Case { const wchar_t* text; const wchar_t* find; const wchar_t* with; const wchar_t* expected; };
+    const Case cases[] = {
+        {L"aaaa", L"aa", L"b", L"bb"},            // non-overlapping, left to right
+        {L"a-b-c", L"-", L"<->", L"a<->b<->c"},   // result longer than the text
+        {L"xaxbx", L"x", L"", L"ab"},             // matches at both ends removed
+    };
+    for (const Case& c : cases) {
+        CString s(c.text);
+        s.Replace(c.find, c.with);
+        EXPECT_EQ(c.expected, W(s)) << W(CString(c.text));
+    }
 
     CString all(L"abab");
     all.Replace(L"abab", L"");

@@ -39,19 +39,8 @@ CString::CString(const CString& other) {
     InternalSetString(other.m_buffer, other.m_length);
 }
 
-CString::CString(CString&& other) noexcept
-    : m_buffer(other.m_buffer),
-      m_capacity(other.m_capacity),
-      m_length(other.m_length),
-      m_narrow(other.m_narrow),
-      m_narrow2(other.m_narrow2),
-      m_locked(other.m_locked) {
-    other.m_buffer = nullptr;
-    other.m_capacity = 0;
-    other.m_length = 0;
-    other.m_narrow = nullptr;
-    other.m_narrow2 = nullptr;
-    other.m_locked = FALSE;
+CString::CString(CString&& other) noexcept {
+    TakeOver(other);
 }
 
 CString::CString(int capacity) {
@@ -93,6 +82,13 @@ CString& CString::operator=(CString&& other) noexcept {
     if (this == &other) return *this;
     std::free(m_buffer);
     ReleaseNarrow();
+    TakeOver(other);
+    return *this;
+}
+
+// Moves other's buffers into this string (whose own are already released)
+// and leaves other null.
+void CString::TakeOver(CString& other) noexcept {
     m_buffer = other.m_buffer;
     m_capacity = other.m_capacity;
     m_length = other.m_length;
@@ -105,7 +101,6 @@ CString& CString::operator=(CString&& other) noexcept {
     other.m_narrow = nullptr;
     other.m_narrow2 = nullptr;
     other.m_locked = FALSE;
-    return *this;
 }
 
 CString& CString::operator=(const char* text) {

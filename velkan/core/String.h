@@ -219,6 +219,7 @@ protected:
 
 private:
     void ReleaseNarrow() const;
+    void TakeOver(CString& other) noexcept;
 
     wchar_t* m_buffer = nullptr;
     int m_capacity = 0;
