@@ -7,3 +7,5 @@
 #include "velkan/core/Win32Error.h"
 #include "velkan/core/Resource.h"
 #include "velkan/app/NotificationCenter.h"
+#include "velkan/core/Geometry.h"
+#include "velkan/app/Wnd.h"
