@@ -4,11 +4,13 @@
 
 #include "Harness.h"
 #include "StringBench.h"
+#include "WndBench.h"
 
 int main()
 {
     Bench::Suite suite;
     Bench::RunStringBenchmarks(suite);
+    Bench::RunWndBenchmarks(suite);
     suite.Report();
     return 0;
 }
