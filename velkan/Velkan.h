@@ -9,3 +9,5 @@
 #include "velkan/app/NotificationCenter.h"
 #include "velkan/core/Geometry.h"
 #include "velkan/app/Wnd.h"
+#include "velkan/app/App.h"
+#include "velkan/app/Thread.h"

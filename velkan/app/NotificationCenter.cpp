@@ -1,5 +1,7 @@
 #include "velkan/app/NotificationCenter.h"
 
+#include "velkan/app/App.h"
+
 #include <algorithm>
 
 namespace Velkan {
@@ -8,7 +10,8 @@ CNotificationCenter::CNotificationCenter() = default;
 CNotificationCenter::~CNotificationCenter() = default;
 
 CNotificationCenter& CNotificationCenter::GetDefault() {
-    // Until the application object owns the center, the process keeps one.
+    if (theAppPtr != nullptr) return theAppPtr->GetNotificationCenter();
+    // Programs (and tests) without an application object still get one.
     static CNotificationCenter center;
     return center;
 }

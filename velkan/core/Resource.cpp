@@ -1,13 +1,13 @@
 #include "velkan/core/Resource.h"
 
+#include "velkan/app/App.h"
 #include "velkan/core/Exceptions.h"
 
 namespace Velkan {
 
 HINSTANCE CResourceLoader::GetDefaultInstance() {
-    // The executable's module stands in for the application object's
-    // instance until there is one.
-    return GetModuleHandleW(nullptr);
+    // Without an application object, the executable's own module.
+    return theAppPtr != nullptr ? theAppPtr->GetInstance() : GetModuleHandleW(nullptr);
 }
 
 CResourceData CResourceLoader::LoadData(LPCWSTR name, LPCWSTR type, HINSTANCE instance) {

@@ -1,0 +1,148 @@
+#pragma once
+
+#include <windows.h>
+#include <gdiplus.h>
+
+#include "velkan/app/NotificationCenter.h"
+#include "velkan/core/Export.h"
+#include "velkan/core/Geometry.h"
+#include "velkan/core/String.h"
+
+namespace Velkan {
+
+class CWnd;
+
+// The one application object of a process. Its constructor starts GDI+,
+// the common controls and COM, probes the system, reads the registry keys
+// from the executable's string resources 0xE000 (application) and 0xE002
+// (company), opens the single-instance marker and publishes itself as
+// theAppPtr; its destructor undoes all of that.
+//
+// Settings live at HKEY_CURRENT_USER, key Software, then the company, the
+// application, the section and the value name. Every registry function sets the thread's last error
+// to the registry's result code.
+class VELKAN_API CApp {
+public:
+    CApp();
+    CApp(const CApp&) = delete;
+    CApp& operator=(const CApp&) = delete;
+
+    // Message loop. Keyboard and mouse messages first go to the
+    // PreTranslateMessage of the target window and its ancestors.
+    virtual BOOL PreTranslateMessage(MSG& msg);
+    // Runs until WM_QUIT with the main window's accelerators.
+    virtual void RunLoop(CWnd& mainWindow, HACCEL accelerators = nullptr);
+    virtual void PumpMessage(MSG& msg, CWnd& window, HACCEL accelerators);
+    // Idle work: frees the calling thread's temporary wrapper objects.
+    virtual void CleanUpTempObjects();
+    virtual ~CApp();
+
+    static HWND GetActiveModelessDialog();
+    static void SetActiveModelessDialog(HWND dialog);
+
+    // Registry.
+    HKEY GetAppRegKey(HKEY root = HKEY_CURRENT_USER) const;
+    HKEY GetSectionKey(LPCWSTR section, HKEY root = HKEY_CURRENT_USER) const;
+    BOOL RegQueryDWORD(LPCWSTR section, LPCWSTR name, DWORD* value) const;
+    BOOL RegQueryLONG(LPCWSTR section, LPCWSTR name, LONG* value) const;
+    BOOL RegQueryInt(LPCWSTR section, LPCWSTR name, int* value) const;
+    BOOL RegQueryBOOL(LPCWSTR section, LPCWSTR name, BOOL* value) const;
+    BOOL RegQueryWORD(LPCWSTR section, LPCWSTR name, WORD* value) const;
+    // Four values N.Left, N.Right, N.Top, N.Bottom; all or nothing.
+    BOOL RegQueryRect(LPCWSTR section, LPCWSTR name, CRect& rect) const;
+    // Bytes read, or 0. size is the buffer's size in bytes.
+    int RegQueryString(LPCWSTR section, LPCWSTR name, wchar_t* buffer, int size,
+                       HKEY root = HKEY_CURRENT_USER) const;
+    int RegQueryString(LPCWSTR section, LPCWSTR name, CString& value, int size,
+                       HKEY root = HKEY_CURRENT_USER) const;
+    CString RegQueryString(LPCWSTR section, LPCWSTR name, LPCWSTR defaultValue, int size,
+                           HKEY root = HKEY_CURRENT_USER) const;
+    BOOL RegQueryBinary(LPCWSTR section, LPCWSTR name, void* data, int size) const;
+    BOOL RegWriteDWORD(LPCWSTR section, LPCWSTR name, DWORD value) const;
+    BOOL RegWriteLONG(LPCWSTR section, LPCWSTR name, LONG value) const;
+    BOOL RegWriteInt(LPCWSTR section, LPCWSTR name, int value) const;
+    BOOL RegWriteBOOL(LPCWSTR section, LPCWSTR name, BOOL value) const;
+    BOOL RegWriteWORD(LPCWSTR section, LPCWSTR name, WORD value) const;
+    BOOL RegWriteRect(LPCWSTR section, LPCWSTR name, const CRect& rect) const;
+    // Without the terminator; a null value deletes the value.
+    BOOL RegWriteString(LPCWSTR section, LPCWSTR name, LPCWSTR value) const;
+    BOOL RegWriteBinary(LPCWSTR section, LPCWSTR name, const void* data, int size) const;
+    BOOL RegDeleteValueW(LPCWSTR section, LPCWSTR name) const;
+    // Fails for a section that has subkeys.
+    BOOL RegDeleteSection(LPCWSTR section) const;
+
+    // Single instance.
+    BOOL AlreadyRunning() const { return m_alreadyRunning; }
+    HANDLE GetSharedMem() const { return m_sharedMem; }
+    BOOL ReleaseSharedMem();
+
+    // Timing from the last ResetTimer: milliseconds, and units of 100 µs.
+    void ResetTimer();
+    int GetElapsedTime() const;
+    int GetMicroElapsedTime() const;
+
+    // SHA-1 of a file's contents; E_INVALIDARG when size is not 20.
+    static HRESULT HashFileContents(LPCWSTR path, void* digest, DWORD size);
+
+    // HTML help on the executable's .chm; FALSE when help is unavailable.
+    BOOL HtmlHelpW(HWND hwnd, LPCWSTR topic, UINT command, DWORD_PTR data);
+    BOOL OpenHelpTopics(HWND hwnd);
+    BOOL PopupHelp(HWND hwnd, LPCWSTR topic, DWORD* ids);
+
+    // Formats with wvsprintfW (1024 characters at most) to the debugger.
+    int Trace(const wchar_t* format, ...);
+
+    // Packed file version of a module's version resource; FALSE without one.
+    static BOOL GetFileVersion(LPCWSTR path, DWORD* ms, DWORD* ls);
+    // The folder of a module's file, or an empty string.
+    static CString GetModulePath(HINSTANCE instance);
+
+    BOOL IsFirstRun() const { return m_firstRun; }
+    BOOL IsCommCtrlsV6() const { return m_commCtrlsV6; }
+    BOOL IsMMXCpu() const { return m_mmx; }
+    BOOL IsSSE3Cpu() const { return m_sse3; }
+    BOOL IsSSSE3Cpu() const { return m_ssse3; }
+    BOOL IsHypervisorPresent() const { return m_hypervisor; }
+    BOOL IsWindowsNT() const { return m_windowsNT; }
+    BOOL IsWindowsVista() const { return m_windowsVista; }
+    BOOL IsThemed() const;
+    HINSTANCE GetInstance() const { return m_instance; }
+    CNotificationCenter& GetNotificationCenter() { return m_notificationCenter; }
+    LPCWSTR GetModuleFileName() const { return m_modulePath; }
+    LPCWSTR GetHelpFilePath() const { return m_helpPath; }
+    LPCWSTR GetHtmlHelpPath() const { return m_htmlHelpPath; }
+    LPCWSTR GetRegistryCompanyKey() const { return m_companyKey; }
+    LPCWSTR GetRegistryAppKey() const { return m_appKey; }
+
+protected:
+    // MAKELONG(minor, major) from the DLL's DllGetVersion, or 0.
+    static DWORD GetDllVersion(LPCWSTR dll);
+
+private:
+    Gdiplus::GdiplusStartupInput m_gdiplusInput;
+    ULONG_PTR m_gdiplusToken = 0;
+    HINSTANCE m_instance = nullptr;
+    HANDLE m_sharedMem = INVALID_HANDLE_VALUE;
+    BOOL m_alreadyRunning = FALSE;
+    BOOL m_windowsNT = FALSE;
+    wchar_t m_modulePath[MAX_PATH] = {};
+    wchar_t m_helpPath[MAX_PATH] = {};
+    wchar_t m_htmlHelpPath[MAX_PATH] = {};
+    wchar_t m_companyKey[64] = {};
+    wchar_t m_appKey[64] = {};
+    LONGLONG m_timerStart = 0;
+    BOOL m_firstRun = TRUE;
+    BOOL m_commCtrlsV6 = FALSE;
+    BOOL m_mmx = FALSE;
+    BOOL m_sse3 = FALSE;
+    BOOL m_ssse3 = FALSE;
+    BOOL m_hypervisor = FALSE;
+    BOOL m_windowsVista = FALSE;
+    CNotificationCenter m_notificationCenter;
+};
+
+// The application object, from the start of its constructor to the end of
+// its destructor; null otherwise.
+extern VELKAN_API CApp* theAppPtr;
+
+}  // namespace Velkan
