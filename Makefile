@@ -20,6 +20,7 @@ test: build
 
 demo: build
 	@scripts/with-display scripts/wine-run $(BUILD)/bin/velkan_console_sample.exe
+	@scripts/demo $(abspath $(BUILD))
 
 bench: build
 	@scripts/with-display scripts/wine-run $(BUILD)/bin/velkan_bench.exe

@@ -1,0 +1,45 @@
+// Velkan Gallery: a host application made of the library's classes.
+//
+//   velkan_gallery.exe                    shows the window until it is closed
+//   velkan_gallery.exe --screenshot FILE  shows it, saves it as PNG and exits
+#include <cstdio>
+#include <cwchar>
+
+#include "GalleryWnd.h"
+#include "resource.h"
+
+using namespace Velkan;
+
+int wmain(int argc, wchar_t** argv) {
+    const wchar_t* screenshot = nullptr;
+    for (int i = 1; i + 1 < argc; ++i) {
+        if (std::wcscmp(argv[i], L"--screenshot") == 0) screenshot = argv[i + 1];
+    }
+
+    CApp app;
+    if (app.AlreadyRunning()) {
+        CResourceString message(IDS_ALREADY_RUNNING);
+        if (screenshot != nullptr) {
+            std::printf("%s\n", message.GetUtf8String());
+        } else {
+            ::MessageBoxW(nullptr, message.GetString(), CResourceString(IDS_TITLE).GetString(), MB_ICONINFORMATION);
+        }
+        return 0;
+    }
+
+    GalleryWnd window;
+    if (screenshot != nullptr) window.SetScreenshotPath(screenshot);
+    if (window.Create() == nullptr) {
+        std::printf("the gallery window could not be created\n");
+        return 1;
+    }
+    window.ShowWindow(SW_SHOWNORMAL);
+    window.UpdateWindow();
+    app.RunLoop(window);
+
+    if (screenshot != nullptr) {
+        std::printf(window.ScreenshotSaved() ? "screenshot saved: %ls\n" : "screenshot failed: %ls\n", screenshot);
+        return window.ScreenshotSaved() ? 0 : 1;
+    }
+    return 0;
+}
