@@ -12,6 +12,7 @@
 
 #include "velkan/app/Wnd.h"
 #include "velkan/gfx/DC.h"
+#include "velkan/gfx/GdiObject.h"
 
 namespace Velkan {
 

@@ -2,7 +2,7 @@
 #include "velkan/app/Wnd.h"
 
 #include "velkan/core/ObjectContext.h"
-#include "velkan/gfx/DC.h"
+#include "velkan/gfx/ScopedDC.h"
 
 namespace Velkan {
 
