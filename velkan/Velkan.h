@@ -17,3 +17,7 @@
 #include "velkan/gfx/Brush.h"
 #include "velkan/gfx/Font.h"
 #include "velkan/gfx/Bitmap.h"
+#include "velkan/core/PathString.h"
+#include "velkan/core/StringUtils.h"
+#include "velkan/core/Md5.h"
+#include "velkan/core/File.h"

@@ -6,6 +6,7 @@
 #include "velkan/app/NotificationCenter.h"
 #include "velkan/core/Export.h"
 #include "velkan/core/Geometry.h"
+#include "velkan/core/PathString.h"
 #include "velkan/core/String.h"
 
 namespace Velkan {
@@ -95,7 +96,7 @@ public:
     // Packed file version of a module's version resource; FALSE without one.
     static BOOL GetFileVersion(LPCWSTR path, DWORD* ms, DWORD* ls);
     // The folder of a module's file, or an empty string.
-    static CString GetModulePath(HINSTANCE instance);
+    static CPathString GetModulePath(HINSTANCE instance);
 
     BOOL IsFirstRun() const { return m_firstRun; }
     BOOL IsCommCtrlsV6() const { return m_commCtrlsV6; }

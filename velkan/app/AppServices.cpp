@@ -191,14 +191,10 @@ BOOL CApp::GetFileVersion(LPCWSTR path, DWORD* ms, DWORD* ls) {
     return TRUE;
 }
 
-CString CApp::GetModulePath(HINSTANCE instance) {
+CPathString CApp::GetModulePath(HINSTANCE instance) {
     wchar_t path[MAX_PATH] = {};
-    DWORD length = ::GetModuleFileNameW(instance, path, MAX_PATH);
-    if (length == 0) return CString(L"");
-    // The folder: everything before the last separator.
-    int end = static_cast<int>(length);
-    while (end > 0 && path[end - 1] != L'\\' && path[end - 1] != L'/') --end;
-    return CString(path, end > 0 ? end - 1 : 0);
+    if (::GetModuleFileNameW(instance, path, MAX_PATH) == 0) return CPathString(L"");
+    return CPathString(path).GetPath();
 }
 
 BOOL CApp::IsThemed() const {

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <windows.h>
+
+#include "velkan/core/Export.h"
+#include "velkan/core/String.h"
+
+namespace Velkan {
+
+// A CString with file-system path operations. "\" and "/" both separate;
+// ":" marks a drive. Queries return new values; a missing part is the null
+// string.
+class VELKAN_API CPathString : public CString {
+public:
+    CPathString() = default;
+    CPathString(const CPathString& other) = default;
+    CPathString(CPathString&& other) noexcept = default;
+    CPathString(const CString& other) : CString(other) {}
+    CPathString(CString&& other) noexcept : CString(std::move(other)) {}
+    explicit CPathString(int capacity) : CString(capacity) {}
+    CPathString(const char* text) : CString(text) {}
+    CPathString(const char* text, int count) : CString(text, count) {}
+    CPathString(const wchar_t* text) : CString(text) {}
+    CPathString(const wchar_t* text, int count) : CString(text, count) {}
+    CPathString& operator=(const CPathString& other) = default;
+    CPathString& operator=(CPathString&& other) noexcept = default;
+
+    // "\\server\share", "X:", "/" or null (also for a lone leading "\").
+    CPathString GetVolume() const;
+    // The directory part: "C:\a" of "C:\a\b.txt", "C:\" of "C:\b.txt".
+    CPathString GetPath() const;
+    // Null when the path ends with a separator or ":".
+    CPathString GetFileName() const;
+    // From the last "." of the file name, dot included; else null.
+    CPathString GetFileExtension() const;
+    CPathString GetFileNameWithoutExtension() const;
+    // The part of the file name after its last "~".
+    CPathString GetFileNameWithoutTilde() const;
+    bool EndsWithDirectoryOrAltSeparator() const;
+    bool IsUncPath() const;
+    static bool IsDirectoryOrAltSeparator(wchar_t ch) { return ch == L'\\' || ch == L'/'; }
+
+    // Joins with exactly one separator between; a null part makes the path
+    // null.
+    CPathString& AppendPath(const wchar_t* part);
+    CPathString& AppendPath(const char* part);
+    // "C:\a\b" -> "C:\a" -> "C:" -> "".
+    CPathString& ChopLastPathPart();
+    // A display form at most maxLength units long, keeping the file name
+    // and the innermost directories ("C:\...\three\file.txt").
+    CPathString AbbreviatePath(int maxLength) const;
+
+    // Throws CHResultException "Failed to get known folder path".
+    static CPathString WithKnownFolderPath(const GUID& folderId, DWORD flags = 0, HANDLE token = nullptr);
+    static CPathString WithTempPath(int capacity = MAX_PATH);
+    // The empty string when the system cannot make the name.
+    static CPathString WithTempFileName(const wchar_t* directory, const wchar_t* prefix, UINT unique);
+    static CPathString WithTempFileName(const wchar_t* prefix, UINT unique);
+};
+
+}  // namespace Velkan
