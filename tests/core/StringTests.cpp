@@ -9,13 +9,7 @@
 
 using Velkan::CString;
 
-namespace {
-
-std::wstring W(const CString& s) {
-    return s.IsNull() ? std::wstring(L"<null>") : std::wstring(s.GetString(), s.GetLength());
-}
-
-}  // namespace
+using Testing::W;
 
 TEST(StringStates, NullEmptyAndTextAreDistinct) {
     CString def;

@@ -15,3 +15,10 @@ inline void PrintTo(const CString& s, std::ostream* os) {
     }
 }
 }  // namespace Velkan
+
+namespace Testing {
+// The text of a string for comparisons, "<null>" for the null string.
+inline std::wstring W(const Velkan::CString& s) {
+    return s.IsNull() ? std::wstring(L"<null>") : std::wstring(s.GetString(), static_cast<size_t>(s.GetLength()));
+}
+}  // namespace Testing

@@ -148,7 +148,8 @@ CPathString CPathString::AbbreviatePath(int maxLength) const {
     if (maxLength <= 0) return CPathString();
     if (maxLength >= GetLength()) return *this;
 
-    const CPathString name = GetFileName();
+    CPathString name = GetFileName();
+    if (name.IsNull()) name = L"";  // a path ending in a separator
     if (name.GetLength() > maxLength) {
         CPathString cut(name.GetString(), maxLength);
         if (cut.GetLength() >= 4) cut.Chop(3).Append(L"...");
