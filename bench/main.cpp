@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "Harness.h"
+#include "CoreBench.h"
 #include "StringBench.h"
 #include "WndBench.h"
 
@@ -10,6 +11,7 @@ int main()
 {
     Bench::Suite suite;
     Bench::RunStringBenchmarks(suite);
+    Bench::RunCoreBenchmarks(suite);
     Bench::RunWndBenchmarks(suite);
     suite.Report();
     return 0;

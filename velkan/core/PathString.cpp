@@ -160,20 +160,39 @@ CPathString CPathString::AbbreviatePath(int maxLength) const {
     if (volume.IsNull()) volume = L"";
     CString directory = GetPath();
     if (directory.IsNull()) directory = L"";
-    if (!volume.IsEmpty()) directory = directory.Substring(std::min(volume.GetLength(), directory.GetLength()));
-    directory.Replace(L'/', L'\\');
-    std::vector<CString> parts = directory.Split(L'\\', true);
+    const int skip = volume.IsEmpty() ? 0 : std::min(volume.GetLength(), directory.GetLength());
 
-    CString prefix(volume);
+    // The directory's non-empty parts after the volume, as (start, length).
+    std::vector<std::pair<int, int>> parts;
+    for (int i = skip, start = skip; i <= directory.GetLength(); ++i) {
+        if (i == directory.GetLength() || IsSeparator(directory[i])) {
+            if (i > start) parts.emplace_back(start, i - start);
+            start = i + 1;
+        }
+    }
+
+    CString prefix(volume.GetLength() + 4);
+    prefix.Append(volume);
     if (!volume.IsEmpty()) prefix.Append(L'\\');
     prefix.Append(L"...");
 
-    // Outermost directories go first, so the innermost ones survive.
+    // Outermost directories go first, so the innermost ones survive. The
+    // lengths are summed first; only the candidate that fits is built, with
+    // "\\" between its parts whatever separated them before.
+    const int nameLength = name.GetLength();
+    int partsLength = 0;
+    for (const auto& part : parts) partsLength += 1 + part.second;
     for (size_t first = 0; first < parts.size(); ++first) {
-        CString candidate(prefix);
-        for (size_t i = first; i < parts.size(); ++i) candidate.Append(L'\\').Append(parts[i]);
-        candidate.Append(L'\\').Append(name);
-        if (candidate.GetLength() <= maxLength) return candidate;
+        const int total = prefix.GetLength() + partsLength + 1 + nameLength;
+        if (total <= maxLength) {
+            CString candidate(total);
+            candidate.Append(prefix);
+            for (size_t i = first; i < parts.size(); ++i)
+                candidate.Append(L'\\').Append(directory.GetString() + parts[i].first, parts[i].second);
+            candidate.Append(L'\\').Append(name);
+            return CPathString(std::move(candidate));
+        }
+        partsLength -= 1 + parts[first].second;
     }
     CString candidate(prefix);
     candidate.Append(L'\\').Append(name);
