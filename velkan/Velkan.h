@@ -21,3 +21,7 @@
 #include "velkan/core/StringUtils.h"
 #include "velkan/core/Md5.h"
 #include "velkan/core/File.h"
+#include "velkan/net/Uri.h"
+#include "velkan/net/HttpHeader.h"
+#include "velkan/net/QueryStringBuilder.h"
+#include "velkan/net/HttpClient.h"
