@@ -4,6 +4,7 @@
 
 #include "Harness.h"
 #include "CoreBench.h"
+#include "HttpBench.h"
 #include "StringBench.h"
 #include "WndBench.h"
 
@@ -12,6 +13,7 @@ int main()
     Bench::Suite suite;
     Bench::RunStringBenchmarks(suite);
     Bench::RunCoreBenchmarks(suite);
+    Bench::RunHttpBenchmarks(suite);
     Bench::RunWndBenchmarks(suite);
     suite.Report();
     return 0;
