@@ -25,3 +25,7 @@
 #include "velkan/net/HttpHeader.h"
 #include "velkan/net/QueryStringBuilder.h"
 #include "velkan/net/HttpClient.h"
+#include "velkan/gfx/Icon.h"
+#include "velkan/gfx/BitmapBundle.h"
+#include "velkan/gfx/ImageList.h"
+#include "velkan/gfx/SvgImage.h"

@@ -13,6 +13,8 @@
 #include "velkan/app/Wnd.h"
 #include "velkan/gfx/DC.h"
 #include "velkan/gfx/GdiObject.h"
+#include "velkan/gfx/Icon.h"
+#include "velkan/gfx/ImageList.h"
 
 namespace Velkan {
 
@@ -158,10 +160,12 @@ BOOL CApp::PreTranslateMessage(MSG& msg) {
 }
 
 void CApp::CleanUpTempObjects() {
-    // Menus, image lists and icons join here as those families arrive.
+    // Menus join here when that family arrives.
     CWnd::CleanUpTempObjects();
     CDC::CleanUpTempObjects();
     CGdiObject::CleanUpTempObjects();
+    CImageList::CleanUpTempObjects();
+    CIcon::CleanUpTempObjects();
 }
 
 }  // namespace Velkan

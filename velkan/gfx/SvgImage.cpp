@@ -1,0 +1,158 @@
+#include "velkan/gfx/SvgImage.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <vector>
+
+// The parser and rasteriser are compiled into this file only.
+#define NANOSVG_IMPLEMENTATION
+#define NANOSVGRAST_IMPLEMENTATION
+#include <nanosvg.h>
+#include <nanosvgrast.h>
+
+#include "velkan/app/App.h"
+#include "velkan/core/Exceptions.h"
+#include "velkan/core/File.h"
+#include "velkan/core/Resource.h"
+#include "velkan/gfx/detail/PixelSwap.h"
+
+namespace Velkan {
+
+void CSvgImage::ImageDeleter::operator()(NSVGimage* image) const {
+    nsvgDelete(image);
+}
+
+void CSvgImage::RasterizerDeleter::operator()(NSVGrasterizer* rasterizer) const {
+    nsvgDeleteRasterizer(rasterizer);
+}
+
+CSvgImage::CSvgImage() : m_rasterizer(nsvgCreateRasterizer()) {
+    if (!m_rasterizer) throw CRuntimeException("Failed to create SVG rasterizer.");
+}
+
+CSvgImage::CSvgImage(const char* svg, COLORREF colour) : CSvgImage() {
+    m_currentColour = colour;
+    if (svg == nullptr || !SetSvg(svg, static_cast<UINT>(std::strlen(svg))))
+        throw CRuntimeException("Failed to parse SVG data.");
+}
+
+CSvgImage::CSvgImage(UINT id, HINSTANCE instance, COLORREF colour) : CSvgImage() {
+    m_currentColour = colour;
+    if (!LoadFromResource(id, instance)) throw CResourceNotFoundException(id);
+}
+
+CSvgImage::CSvgImage(UINT id, const wchar_t* type, HINSTANCE instance, COLORREF colour) : CSvgImage() {
+    m_currentColour = colour;
+    if (!LoadFromResource(id, type, instance)) throw CResourceNotFoundException(id);
+}
+
+CSvgImage::~CSvgImage() = default;
+
+void CSvgImage::Reset() {
+    m_image.reset();
+}
+
+BOOL CSvgImage::SetSvg(const char* svg) {
+    return svg != nullptr && SetSvg(svg, static_cast<UINT>(std::strlen(svg)));
+}
+
+BOOL CSvgImage::SetSvg(const char* svg, UINT length) {
+    Reset();
+    if (svg == nullptr) return FALSE;
+    std::string text(svg, length);
+    if (m_currentColour != 0xFFFFFFFF) {
+        const std::string keyword = "currentColor", colour = ColorRefToHexString(m_currentColour);
+        for (size_t at = text.find(keyword); at != std::string::npos; at = text.find(keyword, at + colour.size())) {
+            text.replace(at, keyword.size(), colour);
+        }
+    }
+    // The parser edits the text it reads, so it gets its own copy.
+    m_image.reset(nsvgParse(&text[0], "px", 96.0f));
+    return IsValid();
+}
+
+BOOL CSvgImage::LoadFromResource(UINT id, HINSTANCE instance) {
+    return LoadFromResource(id, L"SVG", instance);
+}
+
+BOOL CSvgImage::LoadFromResource(UINT id, const wchar_t* type, HINSTANCE instance) {
+    Reset();
+    try {
+        CResourceData data = CResourceLoader::LoadData(id, type, instance);
+        return SetSvg(static_cast<const char*>(data.GetData()), data.GetSize());
+    } catch (const CResourceNotFoundException&) {
+        return FALSE;
+    }
+}
+
+BOOL CSvgImage::LoadFromFile(const wchar_t* path) {
+    Reset();
+    long status = 0;
+    std::vector<unsigned char> content = CFile::ReadFileContents(path, status);
+    if (status < 0 || content.empty()) return FALSE;
+    return SetSvg(reinterpret_cast<const char*>(content.data()), static_cast<UINT>(content.size()));
+}
+
+BOOL CSvgImage::IsValid() const {
+    return m_image && m_image->shapes != nullptr;
+}
+
+CSize CSvgImage::GetSize() const {
+    if (!IsValid()) return CSize(0, 0);
+    return CSize(static_cast<LONG>(std::ceil(m_image->width)), static_cast<LONG>(std::ceil(m_image->height)));
+}
+
+std::string CSvgImage::ColorRefToHexString(COLORREF colour) {
+    char text[8];
+    std::snprintf(text, sizeof(text), "#%02x%02x%02x", static_cast<unsigned>(colour & 0xFF),
+                  static_cast<unsigned>((colour >> 8) & 0xFF), static_cast<unsigned>((colour >> 16) & 0xFF));
+    return text;
+}
+
+void CSvgImage::ABGRtoARGB(void* bits, int width, int height, int stride) {
+    if (theAppPtr != nullptr && theAppPtr->IsSSSE3Cpu()) {
+        Detail::SwapRedBlueShuffle(bits, width, height, stride);
+    } else {
+        Detail::SwapRedBlueLanes(bits, width, height, stride);
+    }
+}
+
+CBitmap CSvgImage::Render(float scale) const {
+    if (!IsValid()) return CBitmap();
+    const int width = static_cast<int>(std::ceil(m_image->width * scale));
+    const int height = static_cast<int>(std::ceil(m_image->height * scale));
+    if (width <= 0 || height <= 0) return CBitmap();
+    BITMAPINFO info = {};
+    info.bmiHeader = {sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    void* bits = nullptr;
+    HBITMAP dib = ::CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    if (dib == nullptr || bits == nullptr) {
+        if (dib != nullptr) ::DeleteObject(dib);
+        return CBitmap();
+    }
+    nsvgRasterize(m_rasterizer.get(), m_image.get(), 0, 0, scale, static_cast<unsigned char*>(bits), width, height,
+                  width * 4);
+    ABGRtoARGB(bits, width, height, width * 4);
+    ::GdiFlush();
+    return CBitmap(dib);
+}
+
+std::unique_ptr<Gdiplus::Bitmap> CSvgImage::RenderEx(float scale) const {
+    if (!IsValid()) return nullptr;
+    const int width = static_cast<int>(std::ceil(m_image->width * scale));
+    const int height = static_cast<int>(std::ceil(m_image->height * scale));
+    if (width <= 0 || height <= 0) return nullptr;
+    auto bitmap = std::make_unique<Gdiplus::Bitmap>(width, height, PixelFormat32bppARGB);
+    if (bitmap->GetLastStatus() != Gdiplus::Ok) return nullptr;
+    Gdiplus::Rect whole(0, 0, width, height);
+    Gdiplus::BitmapData data = {};
+    if (bitmap->LockBits(&whole, Gdiplus::ImageLockModeWrite, PixelFormat32bppARGB, &data) != Gdiplus::Ok) return nullptr;
+    nsvgRasterize(m_rasterizer.get(), m_image.get(), 0, 0, scale, static_cast<unsigned char*>(data.Scan0), width, height,
+                  data.Stride);
+    ABGRtoARGB(data.Scan0, width, height, data.Stride);
+    bitmap->UnlockBits(&data);
+    return bitmap;
+}
+
+}  // namespace Velkan

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <windows.h>
+#include <gdiplus.h>
+
+#include <memory>
+#include <string>
+
+#include "velkan/core/Export.h"
+#include "velkan/core/Geometry.h"
+#include "velkan/gfx/Bitmap.h"
+
+struct NSVGimage;
+struct NSVGrasterizer;
+
+namespace Velkan {
+
+// One parsed SVG document, rendered to 32-bit bitmaps at any scale. With a
+// current colour set, "currentColor" in the text becomes that colour when
+// the document is parsed, so a monochrome icon can follow a theme.
+class VELKAN_API CSvgImage {
+public:
+    // Throws CRuntimeException "Failed to create SVG rasterizer.".
+    CSvgImage();
+    // Throws CRuntimeException "Failed to parse SVG data." for a document
+    // without a shape.
+    CSvgImage(const char* svg, COLORREF colour);
+    // Throw CResourceNotFoundException when missing or not parseable.
+    CSvgImage(UINT id, HINSTANCE instance, COLORREF colour);
+    CSvgImage(UINT id, const wchar_t* type, HINSTANCE instance, COLORREF colour);
+    CSvgImage(const CSvgImage&) = delete;
+    CSvgImage& operator=(const CSvgImage&) = delete;
+    virtual ~CSvgImage();
+
+    // TRUE when the document has at least one shape.
+    BOOL SetSvg(const char* svg);
+    BOOL SetSvg(const char* svg, UINT length);
+    CSvgImage& operator=(const char* svg) {
+        SetSvg(svg);
+        return *this;
+    }
+    BOOL LoadFromResource(UINT id, HINSTANCE instance);                        // type "SVG"
+    BOOL LoadFromResource(UINT id, const wchar_t* type, HINSTANCE instance);
+    BOOL LoadFromFile(const wchar_t* path);
+
+    BOOL IsValid() const;
+    // Rounded up; (0, 0) when not valid.
+    CSize GetSize() const;
+    // Applies at the next parse, not to the loaded document.
+    void SetCurrentColor(COLORREF colour) { m_currentColour = colour; }
+    COLORREF GetCurrentColor() const { return m_currentColour; }
+
+    // ceil(size x scale); an empty bitmap (or null) when not valid.
+    CBitmap Render(float scale) const;
+    std::unique_ptr<Gdiplus::Bitmap> RenderEx(float scale) const;
+
+protected:
+    void Reset();
+    // "#rrggbb", lower case.
+    static std::string ColorRefToHexString(COLORREF colour);
+    // R, G, B, A bytes to B, G, R, A in place.
+    static void ABGRtoARGB(void* bits, int width, int height, int stride);
+
+private:
+    struct ImageDeleter { void operator()(NSVGimage* image) const; };
+    struct RasterizerDeleter { void operator()(NSVGrasterizer* rasterizer) const; };
+
+    std::unique_ptr<NSVGimage, ImageDeleter> m_image;
+    std::unique_ptr<NSVGrasterizer, RasterizerDeleter> m_rasterizer;
+    COLORREF m_currentColour = 0xFFFFFFFF;
+};
+
+}  // namespace Velkan
