@@ -1,0 +1,152 @@
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+#include "velkan/core/Exceptions.h"
+#include "velkan/gfx/ImageList.h"
+#include "velkan/gfx/SvgImage.h"
+#include "velkan/gfx/detail/PixelSwap.h"
+
+using namespace Velkan;
+
+namespace {
+
+const char kSquare[] =
+    "<svg xmlns='http://www.w3.org/2000/svg' width='16' height='16'>"
+    "<rect x='0' y='0' width='16' height='16' fill='currentColor'/></svg>";
+// A check mark in the style of the menu renderers' built-in one.
+const char kCheck[] =
+    "<svg xmlns='http://www.w3.org/2000/svg' width='16' height='16' viewBox='0 0 16 16'>"
+    "<path d='M2 8 L6 12 L14 3' fill='none' stroke='currentColor' stroke-width='2.5'/></svg>";
+
+// What the protected helpers do, reachable for the tests.
+struct SvgProbe : CSvgImage {
+    using CSvgImage::ABGRtoARGB;
+    using CSvgImage::ColorRefToHexString;
+};
+
+uint32_t Pixel(const CBitmap& bitmap, int x, int y) {
+    DIBSECTION section = {};
+    bitmap.GetDIBSection(&section);
+    const auto* row = static_cast<const uint8_t*>(section.dsBm.bmBits) + y * section.dsBm.bmWidthBytes;
+    return reinterpret_cast<const uint32_t*>(row)[x];
+}
+
+}  // namespace
+
+TEST(Svg, CurrentColorIsReplacedWhenTheDocumentIsParsed) {
+    EXPECT_EQ("#ff8000", SvgProbe::ColorRefToHexString(RGB(255, 128, 0)));
+    CSvgImage orange(kSquare, RGB(255, 128, 0));
+    ASSERT_TRUE(orange.IsValid());
+    EXPECT_EQ(CSize(16, 16), orange.GetSize());
+    CBitmap bitmap = orange.Render(1.0f);
+    EXPECT_EQ(0xFFFF8000u, Pixel(bitmap, 8, 8));  // B, G, R, A in memory
+
+    // A later colour waits for the next parse.
+    orange.SetCurrentColor(RGB(0, 0, 255));
+    EXPECT_EQ(0xFFFF8000u, Pixel(orange.Render(1.0f), 8, 8));
+    orange.SetSvg(kSquare);
+    EXPECT_EQ(0xFF0000FFu, Pixel(orange.Render(1.0f), 8, 8));
+
+    std::unique_ptr<Gdiplus::Bitmap> ex = orange.RenderEx(2.0f);
+    ASSERT_TRUE(ex);
+    Gdiplus::Color colour;
+    ex->GetPixel(16, 16, &colour);
+    EXPECT_EQ(0xFF0000FFu, colour.GetValue());
+}
+
+TEST(Svg, RendersAtAnyScaleWithTheTint) {
+    for (float scale : {1.0f, 1.25f, 1.5f, 2.0f}) {
+        CSvgImage check(kCheck, RGB(0, 160, 0));
+        CBitmap bitmap = check.Render(scale);
+        const CSize size = bitmap.GetSize();
+        EXPECT_EQ(static_cast<LONG>(16 * scale + 0.99f), size.cx) << scale;
+        int tinted = 0;
+        for (int y = 0; y < size.cy; ++y)
+            for (int x = 0; x < size.cx; ++x) {
+                const uint32_t p = Pixel(bitmap, x, y);
+                if ((p >> 24) == 0xFF) {
+                    EXPECT_EQ(0xFF00A000u, p) << scale;
+                    ++tinted;
+                }
+            }
+        EXPECT_GT(tinted, 10) << scale;
+    }
+}
+
+TEST(Svg, InvalidDocumentsGiveFalseOrTheStatedException) {
+    CSvgImage svg;
+    EXPECT_FALSE(svg.SetSvg("<svg xmlns='http://www.w3.org/2000/svg' width='8' height='8'/>"));
+    EXPECT_EQ(CSize(0, 0), svg.GetSize());
+    EXPECT_FALSE(svg.Render(1.0f).IsValid());
+    EXPECT_FALSE(svg.RenderEx(1.0f));
+    EXPECT_FALSE(svg.SetSvg(""));
+    EXPECT_FALSE(svg.LoadFromFile(L"C:\\no\\such.svg"));
+    EXPECT_FALSE(svg.LoadFromResource(9999, nullptr));
+    try {
+        CSvgImage bad("not svg at all", RGB(0, 0, 0));
+        FAIL() << "no exception";
+    } catch (const CRuntimeException& e) {
+        EXPECT_STREQ("Failed to parse SVG data.", e.what());
+    }
+    EXPECT_THROW(CSvgImage(9999, nullptr, RGB(0, 0, 0)), CResourceNotFoundException);
+
+    // Thousands of mutations of a real document: never a crash.
+    std::mt19937 random(7);
+    const std::string seed = kCheck;
+    const char alphabet[] = "<>/='\"0123456789.-e+ MLZmlz#";
+    for (int round = 0; round < 3000; ++round) {
+        std::string text = seed;
+        for (int i = 0, edits = 1 + random() % 8; i < edits; ++i) {
+            const size_t at = random() % text.size();
+            switch (random() % 3) {
+            case 0: text[at] = alphabet[random() % (sizeof(alphabet) - 1)]; break;
+            case 1: text.erase(at, 1 + random() % 4); break;
+            default: text.insert(at, std::string(1 + random() % 3, alphabet[random() % (sizeof(alphabet) - 1)]));
+            }
+            if (text.empty()) text = "<";
+        }
+        if (svg.SetSvg(text.c_str(), static_cast<UINT>(text.size()))) svg.Render(1.0f);
+    }
+    svg.SetSvg("<svg width='1e30' height='1e30'><rect width='1e30' height='1e30'/></svg>");
+    std::string deep;
+    for (int i = 0; i < 2000; ++i) deep += "<g>";
+    svg.SetSvg((deep + "<rect width='1' height='1'/>").c_str());
+}
+
+TEST(Svg, ResourcesAndImageLists) {
+    CSvgImage strip(1007, nullptr, RGB(200, 0, 0));
+    EXPECT_EQ(CSize(64, 16), strip.GetSize());
+    struct Case { int dpi; int cell; };
+    for (const Case& c : {Case{96, 16}, Case{120, 20}, Case{144, 24}, Case{192, 32}, Case{240, 40}}) {
+        CImageList list;
+        ASSERT_NE(nullptr, list.Create(strip, c.dpi, 16, 0)) << c.dpi;
+        EXPECT_EQ(4, list.GetImageCount()) << c.dpi;
+        EXPECT_EQ(CSize(c.cell, c.cell), list.GetIconSize()) << c.dpi;
+    }
+}
+
+TEST(Svg, TheThreeChannelSwapsAgree) {
+    std::mt19937 random(3);
+    for (int width : {1, 3, 4, 5, 7, 8, 9, 13, 33}) {
+        const int stride = width * 4 + 8;  // rows with a gap after them
+        std::vector<uint8_t> original(static_cast<size_t>(stride) * 3);
+        for (uint8_t& b : original) b = static_cast<uint8_t>(random());
+        std::vector<uint8_t> shuffle = original, lanes = original, scalar = original, dispatched = original;
+        Detail::SwapRedBlueShuffle(shuffle.data(), width, 3, stride);
+        Detail::SwapRedBlueLanes(lanes.data(), width, 3, stride);
+        Detail::SwapRedBlueScalar(scalar.data(), width, 3, stride);
+        SvgProbe::ABGRtoARGB(dispatched.data(), width, 3, stride);
+        EXPECT_EQ(scalar, shuffle) << width;
+        EXPECT_EQ(scalar, lanes) << width;
+        EXPECT_EQ(scalar, dispatched) << width;
+        // Red and blue traded places; green, alpha and the gaps untouched.
+        EXPECT_EQ(original[2], scalar[0]);
+        EXPECT_EQ(original[0], scalar[2]);
+        EXPECT_EQ(original[1], scalar[1]);
+        EXPECT_EQ(original[3], scalar[3]);
+        EXPECT_EQ(original[static_cast<size_t>(width) * 4], scalar[static_cast<size_t>(width) * 4]);
+    }
+}
