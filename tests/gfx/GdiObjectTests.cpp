@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <thread>
 
 #include "velkan/gfx/Bitmap.h"
@@ -135,11 +136,22 @@ TEST(GdiObject, AThreadsTemporariesEndWithIt) {
     ::DeleteObject(foreign);
 }
 
+// The DPI the harness set for this run of the tests (96 or 144).
+int ExpectedDpi() {
+    wchar_t text[8] = {};
+    return ::GetEnvironmentVariableW(L"VELKAN_TEST_DPI", text, 8) ? _wtoi(text) : 96;
+}
+
 TEST(Font, PointSizesBecomePixelHeightsForTheDc) {
+    HDC screen = ::GetDC(nullptr);
+    const int dpi = ::GetDeviceCaps(screen, LOGPIXELSY);
+    ::ReleaseDC(nullptr, screen);
+    ASSERT_EQ(ExpectedDpi(), dpi);
+
     CFont font;
     ASSERT_NE(nullptr, font.CreatePointFont(9, CFont::SANS_FONT_FAMILY, nullptr, TRUE, TRUE, FALSE, TRUE));
     LOGFONTW lf = font.GetLogFont();
-    EXPECT_EQ(-12, lf.lfHeight);  // 9 pt at 96 DPI, rounded by MulDiv
+    EXPECT_EQ(dpi == 96 ? -12 : -18, lf.lfHeight);  // 9 pt, rounded by MulDiv
     EXPECT_STREQ(L"Segoe UI", lf.lfFaceName);
     EXPECT_EQ(FW_BOLD, lf.lfWeight);
     EXPECT_EQ(1, lf.lfItalic);
@@ -151,7 +163,14 @@ TEST(Font, PointSizesBecomePixelHeightsForTheDc) {
     CFont longName;
     longName.CreatePointFont(10, L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghij");
     EXPECT_EQ(31u, std::wcslen(longName.GetLogFont().lfFaceName));
-    EXPECT_EQ(-13, longName.GetLogFont().lfHeight);
+    EXPECT_EQ(-::MulDiv(10, dpi, 72), longName.GetLogFont().lfHeight);
+
+    // An explicit DC decides, whatever the screen says.
+    HDC printerLike = ::CreateCompatibleDC(nullptr);
+    CFont fromDc;
+    fromDc.CreatePointFont(12, CFont::FIXED_FONT_FAMILY, printerLike);
+    EXPECT_EQ(-::MulDiv(12, ::GetDeviceCaps(printerLike, LOGPIXELSY), 72), fromDc.GetLogFont().lfHeight);
+    ::DeleteDC(printerLike);
 }
 
 TEST(Bitmap, QueriesTellDibsFromPaletteAndDeviceBitmaps) {

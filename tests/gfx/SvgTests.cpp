@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <random>
 #include <string>
 #include <vector>
@@ -16,10 +17,13 @@ namespace {
 const char kSquare[] =
     "<svg xmlns='http://www.w3.org/2000/svg' width='16' height='16'>"
     "<rect x='0' y='0' width='16' height='16' fill='currentColor'/></svg>";
-// A check mark in the style of the menu renderers' built-in one.
-const char kCheck[] =
-    "<svg xmlns='http://www.w3.org/2000/svg' width='16' height='16' viewBox='0 0 16 16'>"
-    "<path d='M2 8 L6 12 L14 3' fill='none' stroke='currentColor' stroke-width='2.5'/></svg>";
+// The menu renderers' built-in check mark and bullet, as they store them.
+#define MENU_ICON(shape)                                                                               \
+    "\n<svg xmlns=\"http://www.w3.org/2000/svg\" xml:space=\"preserve\" "                              \
+    "style=\"fill:currentColor;fill-rule:evenodd;clip-rule:evenodd;stroke-linejoin:round;"            \
+    "stroke-miterlimit:2\" viewBox=\"0 0 16 16\">" shape "</svg>\n  "
+const char kCheck[] = MENU_ICON("<path d=\"m4 6.547 2.5 2.559L11 4.5v2.894L6.5 12 4 9.441z\"/>");
+const char kBullet[] = MENU_ICON("<circle cx=\"24\" cy=\"8\" r=\"3\" transform=\"translate(-16)\"/>");
 
 // What the protected helpers do, reachable for the tests.
 struct SvgProbe : CSvgImage {
@@ -57,22 +61,29 @@ TEST(Svg, CurrentColorIsReplacedWhenTheDocumentIsParsed) {
     EXPECT_EQ(0xFF0000FFu, colour.GetValue());
 }
 
-TEST(Svg, RendersAtAnyScaleWithTheTint) {
-    for (float scale : {1.0f, 1.25f, 1.5f, 2.0f}) {
-        CSvgImage check(kCheck, RGB(0, 160, 0));
-        CBitmap bitmap = check.Render(scale);
-        const CSize size = bitmap.GetSize();
-        EXPECT_EQ(static_cast<LONG>(16 * scale + 0.99f), size.cx) << scale;
-        int tinted = 0;
-        for (int y = 0; y < size.cy; ++y)
-            for (int x = 0; x < size.cx; ++x) {
-                const uint32_t p = Pixel(bitmap, x, y);
-                if ((p >> 24) == 0xFF) {
-                    EXPECT_EQ(0xFF00A000u, p) << scale;
-                    ++tinted;
+TEST(Svg, MenuIconsRenderAtAnyScaleInTheTint) {
+    for (const char* document : {kCheck, kBullet}) {
+        for (float scale : {1.0f, 1.25f, 1.5f, 2.0f}) {
+            CSvgImage icon(document, RGB(0, 160, 0));
+            ASSERT_EQ(CSize(16, 16), icon.GetSize());
+            CBitmap bitmap = icon.Render(scale);
+            const CSize size = bitmap.GetSize();
+            EXPECT_EQ(static_cast<LONG>(std::ceil(16 * scale)), size.cx) << scale;
+            int tinted = 0, other = 0;
+            for (int y = 0; y < size.cy; ++y) {
+                for (int x = 0; x < size.cx; ++x) {
+                    const uint32_t p = Pixel(bitmap, x, y);
+                    if ((p >> 24) != 0xFF) continue;  // edges are partly covered
+                    (p == 0xFF00A000u ? tinted : other)++;
                 }
             }
-        EXPECT_GT(tinted, 10) << scale;
+            EXPECT_GE(tinted, static_cast<int>(5 * scale * scale)) << scale;
+            EXPECT_EQ(0, other) << scale;
+            // The bullet sits in the middle once translated back.
+            if (document == kBullet) {
+                EXPECT_EQ(0xFF00A000u, Pixel(bitmap, size.cx / 2, size.cy / 2)) << scale;
+            }
+        }
     }
 }
 
