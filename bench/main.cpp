@@ -4,6 +4,7 @@
 
 #include "Harness.h"
 #include "CoreBench.h"
+#include "GfxBench.h"
 #include "HttpBench.h"
 #include "StringBench.h"
 #include "WndBench.h"
@@ -14,6 +15,7 @@ int main()
     Bench::RunStringBenchmarks(suite);
     Bench::RunCoreBenchmarks(suite);
     Bench::RunHttpBenchmarks(suite);
+    Bench::RunGfxBenchmarks(suite);
     Bench::RunWndBenchmarks(suite);
     suite.Report();
     return 0;

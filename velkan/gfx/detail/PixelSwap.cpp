@@ -1,5 +1,6 @@
 #include "velkan/gfx/detail/PixelSwap.h"
 
+#include <cpuid.h>
 #include <tmmintrin.h>
 
 #include <cstdint>
@@ -36,16 +37,46 @@ __attribute__((target("ssse3"))) void SwapRedBlueShuffle(void* bits, int width, 
     }
 }
 
-void SwapRedBlueLanes(void* bits, int width, int height, int stride) {
+namespace {
+
+bool HasSse2() {
+    static const bool sse2 = [] {
+        unsigned eax = 0, ebx = 0, ecx = 0, edx = 0;
+        return __get_cpuid(1, &eax, &ebx, &ecx, &edx) && ((edx >> 26) & 1);
+    }();
+    return sse2;
+}
+
+// Two 128-bit registers of 32-bit lanes: eight pixels per step.
+__attribute__((target("sse2"))) void LanesSse2(void* bits, int width, int height, int stride) {
+    const __m128i keep = _mm_set1_epi32(static_cast<int>(0xFF00FF00u));
+    const __m128i low = _mm_set1_epi32(0xFF);
     for (int y = 0; y < height; ++y) {
         uint32_t* row = Row(bits, y, stride);
         int x = 0;
         for (; x + 8 <= width; x += 8) {
-            uint32_t* p = row + x;
-            for (int i = 0; i < 8; ++i) p[i] = Swap(p[i]);
+            __m128i* p = reinterpret_cast<__m128i*>(row + x);
+            for (int half = 0; half < 2; ++half) {
+                const __m128i v = _mm_loadu_si128(p + half);
+                const __m128i swapped = _mm_or_si128(
+                    _mm_and_si128(v, keep),
+                    _mm_or_si128(_mm_slli_epi32(_mm_and_si128(v, low), 16), _mm_and_si128(_mm_srli_epi32(v, 16), low)));
+                _mm_storeu_si128(p + half, swapped);
+            }
         }
         ScalarRow(row, x, width);
     }
+}
+
+}  // namespace
+
+void SwapRedBlueLanes(void* bits, int width, int height, int stride) {
+    if (HasSse2()) {
+        LanesSse2(bits, width, height, stride);
+        return;
+    }
+    // Processors without SSE2: the same shifts and masks, one lane at a time.
+    for (int y = 0; y < height; ++y) ScalarRow(Row(bits, y, stride), 0, width);
 }
 
 void SwapRedBlueScalar(void* bits, int width, int height, int stride) {
