@@ -85,32 +85,33 @@ BOOL CApp::RegQueryDWORD(LPCWSTR section, LPCWSTR name, DWORD* value) const {
     return Report(::RegQueryValueExW(key.Get(), name, nullptr, nullptr, reinterpret_cast<BYTE*>(value), &size));
 }
 
-BOOL CApp::RegQueryLONG(LPCWSTR section, LPCWSTR name, LONG* value) const {
+namespace {
+
+// Reads a DWORD and stores it as T only when the read succeeded.
+template <typename T, typename Convert>
+BOOL QueryAs(const CApp& app, LPCWSTR section, LPCWSTR name, T* value, Convert convert) {
     DWORD read = 0;
-    if (!RegQueryDWORD(section, name, &read)) return FALSE;
-    *value = static_cast<LONG>(read);
+    if (!app.RegQueryDWORD(section, name, &read)) return FALSE;
+    *value = convert(read);
     return TRUE;
+}
+
+}  // namespace
+
+BOOL CApp::RegQueryLONG(LPCWSTR section, LPCWSTR name, LONG* value) const {
+    return QueryAs(*this, section, name, value, [](DWORD v) { return static_cast<LONG>(v); });
 }
 
 BOOL CApp::RegQueryInt(LPCWSTR section, LPCWSTR name, int* value) const {
-    DWORD read = 0;
-    if (!RegQueryDWORD(section, name, &read)) return FALSE;
-    *value = static_cast<int>(read);
-    return TRUE;
+    return QueryAs(*this, section, name, value, [](DWORD v) { return static_cast<int>(v); });
 }
 
 BOOL CApp::RegQueryBOOL(LPCWSTR section, LPCWSTR name, BOOL* value) const {
-    DWORD read = 0;
-    if (!RegQueryDWORD(section, name, &read)) return FALSE;
-    *value = static_cast<BOOL>(read);
-    return TRUE;
+    return QueryAs(*this, section, name, value, [](DWORD v) { return static_cast<BOOL>(v); });
 }
 
 BOOL CApp::RegQueryWORD(LPCWSTR section, LPCWSTR name, WORD* value) const {
-    DWORD read = 0;
-    if (!RegQueryDWORD(section, name, &read)) return FALSE;
-    *value = LOWORD(read);
-    return TRUE;
+    return QueryAs(*this, section, name, value, [](DWORD v) { return LOWORD(v); });
 }
 
 BOOL CApp::RegQueryRect(LPCWSTR section, LPCWSTR name, CRect& rect) const {
