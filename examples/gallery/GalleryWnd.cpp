@@ -49,6 +49,9 @@ void GalleryWnd::PreCreate(CREATESTRUCTW& cs) {
 }
 
 void GalleryWnd::OnCreate() {
+    // Icons drawn once as SVG, made sharp for this window's DPI.
+    CSvgImage strip(IDS_ICON_STRIP, nullptr, RGB(255, 196, 40));
+    m_icons.Create(strip, GetDpi(), 24, 0);
     if (!m_screenshotPath.IsNullOrEmpty()) SetTimer(kScreenshotTimer, 500);
 }
 
@@ -109,6 +112,15 @@ void GalleryWnd::OnPaint(CDC& dc) {
     for (COLORREF colour : swatches) {
         FillSolid(dc, CRect(x, y, x + size, y + size), colour);
         x += size + gap;
+    }
+
+    // The SVG icon strip, through an image list made for this DPI, and
+    // the same strip greyed.
+    const CSize icon = m_icons.GetIconSize();
+    const int iconsTop = y + size + MulDivDpi(16);
+    for (int i = 0; i < m_icons.GetImageCount(); ++i) {
+        m_icons.Draw(i, dc, title.left + i * (icon.cx + gap), iconsTop, ILD_TRANSPARENT);
+        m_icons.DrawGrayscale(i, dc, title.left + (i + 5) * (icon.cx + gap), iconsTop, ILD_TRANSPARENT);
     }
 
     ::SelectObject(dc, oldFont);

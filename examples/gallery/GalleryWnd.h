@@ -20,6 +20,7 @@ protected:
 
 private:
     Velkan::CString m_title;
+    Velkan::CImageList m_icons;
     Velkan::CString m_screenshotPath;
     bool m_screenshotSaved = false;
 };
