@@ -1,8 +1,15 @@
 #include "velkan/gfx/GdiObject.h"
 
 #include "velkan/core/ObjectContext.h"
+#include "velkan/core/detail/SharedHandle.h"
 
 namespace Velkan {
+
+namespace {
+
+using Rules = Detail::SharedHandles<HGDIOBJ, CGdiObject, ObjectRef>;
+
+}  // namespace
 
 CGdiObject::CGdiObject() : m_ref(std::make_shared<ObjectRef>()) {}
 
@@ -42,33 +49,15 @@ CGdiObject::~CGdiObject() {
 }
 
 void CGdiObject::Unregister() {
-    if (HGDIOBJ handle = GetHandle()) GetContext().Erase(handle, this);
+    Rules::Unregister(GetContext(), this, m_ref);
 }
 
 void CGdiObject::Attach(HGDIOBJ handle) {
-    Unregister();
-    if (handle != nullptr) {
-        if (CGdiObject* owner = GetContext().Find(handle)) {
-            // Another wrapper owns it: share that owner's record, which
-            // now owns the handle even if it was made for a foreign one.
-            if (owner != this) m_ref = owner->m_ref;
-            m_ref->temporary = false;
-            return;
-        }
-    }
-    m_ref = std::make_shared<ObjectRef>(handle);
-    if (handle != nullptr) GetContext().Insert(handle, this);
+    Rules::Attach(GetContext(), this, m_ref, handle, [](CGdiObject& owner) -> std::shared_ptr<ObjectRef>& { return owner.m_ref; });
 }
 
 HGDIOBJ CGdiObject::Detach() {
-    Unregister();
-    HGDIOBJ handle = nullptr;
-    if (m_ref) {
-        handle = m_ref->handle;
-        m_ref->handle = nullptr;
-    }
-    m_ref = std::make_shared<ObjectRef>();
-    return handle;
+    return Rules::Detach(GetContext(), this, m_ref);
 }
 
 CGdiObject::Context& CGdiObject::GetContext() {
@@ -77,12 +66,8 @@ CGdiObject::Context& CGdiObject::GetContext() {
 }
 
 CGdiObject* CGdiObject::FromHGDIObject(HGDIOBJ handle, const Factory& factory) {
-    if (handle == nullptr) return nullptr;
-    if (CGdiObject* found = GetContext().Find(handle)) return found;
-    std::shared_ptr<CGdiObject> wrapper = factory(handle);
-    if (!wrapper) return nullptr;
-    wrapper->m_ref = std::make_shared<ObjectRef>(handle, true);
-    return GetContext().AddTempObject(std::move(wrapper));
+    return Rules::FromHandle(GetContext(), handle, [&] { return factory(handle); },
+                             [](CGdiObject& wrapper) -> std::shared_ptr<ObjectRef>& { return wrapper.m_ref; });
 }
 
 void CGdiObject::CleanUpTempObjects() {

@@ -2,6 +2,7 @@
 
 #include "velkan/core/Exceptions.h"
 #include "velkan/core/ObjectContext.h"
+#include "velkan/core/detail/SharedHandle.h"
 #include "velkan/core/Resource.h"
 
 namespace Velkan {
@@ -73,28 +74,15 @@ HICON CIcon::LoadSmallIconResource(UINT id, HINSTANCE instance) {
 }
 
 void CIcon::Unregister() {
-    if (HICON icon = GetHicon()) GetContext().Erase(icon, this);
+    Rules::Unregister(GetContext(), this, m_ref);
 }
 
 void CIcon::Attach(HICON icon) {
-    Unregister();
-    if (icon != nullptr) {
-        if (CIcon* owner = GetContext().Find(icon)) {
-            if (owner != this) m_ref = owner->m_ref;
-            m_ref->temporary = false;
-            return;
-        }
-    }
-    m_ref = std::make_shared<Record>(icon);
-    if (icon != nullptr) GetContext().Insert(icon, this);
+    Rules::Attach(GetContext(), this, m_ref, icon, [](CIcon& owner) -> std::shared_ptr<Record>& { return owner.m_ref; });
 }
 
 HICON CIcon::Detach() {
-    Unregister();
-    HICON icon = GetHicon();
-    if (m_ref) m_ref->handle = nullptr;
-    m_ref = std::make_shared<Record>();
-    return icon;
+    return Rules::Detach(GetContext(), this, m_ref);
 }
 
 HICON CIcon::Delete() {
@@ -118,11 +106,8 @@ CIcon::Context& CIcon::GetContext() {
 }
 
 CIcon* CIcon::FromHicon(HICON icon) {
-    if (icon == nullptr) return nullptr;
-    if (CIcon* found = GetContext().Find(icon)) return found;
-    auto temp = std::make_shared<CIcon>();
-    temp->m_ref = std::make_shared<Record>(icon, true);
-    return GetContext().AddTempObject(std::move(temp));
+    return Rules::FromHandle(GetContext(), icon, [] { return std::make_shared<CIcon>(); },
+                             [](CIcon& wrapper) -> std::shared_ptr<Record>& { return wrapper.m_ref; });
 }
 
 void CIcon::CleanUpTempObjects() {

@@ -10,6 +10,9 @@
 namespace Velkan {
 
 template <typename Key, typename Object> class ObjectContext;
+namespace Detail {
+template <typename Handle, typename Object, typename Record> struct SharedHandles;
+}
 
 // The two bitmaps of an ICONINFO, deleted with this object.
 class VELKAN_API CIconInfo : public ICONINFO {
@@ -68,6 +71,8 @@ private:
         HICON handle;
         bool temporary;
     };
+
+    using Rules = Detail::SharedHandles<HICON, CIcon, Record>;
 
     static Context& GetContext();
     static void ResetContext();
