@@ -17,34 +17,21 @@ std::wstring S(const CString& s) {
 
 }  // namespace
 
+// scheme|host|port|path|query|fragment, then the request target.
+std::wstring Parts(const wchar_t* text) {
+    const CUri uri = CUri::Parse(text);
+    return S(uri.GetScheme()) + L"|" + S(uri.GetHost()) + L"|" + S(uri.GetPort()) + L"|" + S(uri.GetPath()) + L"|" +
+           S(uri.GetQuery()) + L"|" + S(uri.GetFragment()) + L" -> " + S(uri.GetPathAndQuery());
+}
+
 TEST(Uri, SplitsIntoSixPartsAsWritten) {
-    CUri uri = CUri::Parse(L"https://host:8080/a/b?x=1&y=2#top");
-    EXPECT_EQ(L"https", S(uri.GetScheme()));
-    EXPECT_EQ(L"host", S(uri.GetHost()));
-    EXPECT_EQ(L"8080", S(uri.GetPort()));
-    EXPECT_EQ(L"/a/b", S(uri.GetPath()));
-    EXPECT_EQ(L"x=1&y=2", S(uri.GetQuery()));
-    EXPECT_EQ(L"top", S(uri.GetFragment()));
-    EXPECT_EQ(L"/a/b?x=1&y=2", S(uri.GetPathAndQuery()));
-
-    CUri bare = CUri::Parse(L"http://host");
-    EXPECT_EQ(L"", S(bare.GetPort()));
-    EXPECT_EQ(L"", S(bare.GetPath()));
-    EXPECT_EQ(L"", S(bare.GetFragment()));
-    EXPECT_EQ(L"", S(bare.GetPathAndQuery()));
-    EXPECT_EQ(L"?q", S(CUri::Parse(L"http://host?q").GetPathAndQuery()));
-
+    EXPECT_EQ(L"https|host|8080|/a/b|x=1&y=2|top -> /a/b?x=1&y=2", Parts(L"https://host:8080/a/b?x=1&y=2#top"));
+    EXPECT_EQ(L"http|host||||| -> ", Parts(L"http://host"));
+    EXPECT_EQ(L"http|host|||q| -> ?q", Parts(L"http://host?q"));
     // No interpretation: case kept, user info stays in the host, a query
     // may hold "?", the fragment takes the rest.
-    CUri odd = CUri::Parse(L"HTTP://user@Host/p%20q?a?b#c#d");
-    EXPECT_EQ(L"HTTP", S(odd.GetScheme()));
-    EXPECT_EQ(L"user@Host", S(odd.GetHost()));
-    EXPECT_EQ(L"/p%20q", S(odd.GetPath()));
-    EXPECT_EQ(L"a?b", S(odd.GetQuery()));
-    EXPECT_EQ(L"c#d", S(odd.GetFragment()));
-
-    CUri empty;
-    EXPECT_TRUE(empty.GetHost().IsNull());
+    EXPECT_EQ(L"HTTP|user@Host||/p%20q|a?b|c#d -> /p%20q?a?b", Parts(L"HTTP://user@Host/p%20q?a?b#c#d"));
+    EXPECT_TRUE(CUri().GetHost().IsNull());
 }
 
 TEST(Uri, RejectsWhatDoesNotMatchAsAWhole) {
