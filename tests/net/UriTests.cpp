@@ -26,7 +26,7 @@ std::wstring Parts(const wchar_t* text) {
 
 TEST(Uri, SplitsIntoSixPartsAsWritten) {
     EXPECT_EQ(L"https|host|8080|/a/b|x=1&y=2|top -> /a/b?x=1&y=2", Parts(L"https://host:8080/a/b?x=1&y=2#top"));
-    EXPECT_EQ(L"http|host||||| -> ", Parts(L"http://host"));
+    EXPECT_EQ(L"http|host|||| -> ", Parts(L"http://host"));
     EXPECT_EQ(L"http|host|||q| -> ?q", Parts(L"http://host?q"));
     // No interpretation: case kept, user info stays in the host, a query
     // may hold "?", the fragment takes the rest.
