@@ -1,29 +1,54 @@
 # The two commands of the README, and the benchmarks.
+#
+# Two build trees: $(BUILD) for 32-bit x86 (the primary target) and
+# $(BUILD)-x64 for x86-64. ARCH=x86 or ARCH=x64 limits build and test to
+# one; the default builds and tests both, x86 first. The demo and the
+# benchmarks run the x86 build.
 BUILD ?= build
 JOBS ?= $(shell nproc)
+ARCH ?= all
 
-.PHONY: all setup configure build test demo bench clean
+ifeq ($(ARCH),all)
+ARCHES := x86 x64
+else ifneq ($(filter-out x86 x64,$(ARCH)),)
+$(error ARCH must be x86, x64 or all)
+else
+ARCHES := $(ARCH)
+endif
+
+build_dir = $(if $(filter x64,$(1)),$(BUILD)-x64,$(BUILD))
+toolchain = cmake/toolchain-$(if $(filter x64,$(1)),x86_64,i686)-mingw.cmake
+
+.PHONY: all setup build test demo bench clean
 
 all: build
 
 setup:
 	@bash scripts/setup
 
-configure: setup
-	@if [ ! -f $(BUILD)/CMakeCache.txt ]; then cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null; fi
+configure-%: setup
+	@if [ ! -f $(call build_dir,$*)/CMakeCache.txt ]; then \
+	  cmake -S . -B $(call build_dir,$*) -DCMAKE_TOOLCHAIN_FILE=$(call toolchain,$*) -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null; fi
 
-build: configure
-	@cmake --build $(BUILD) -j $(JOBS)
+build-%: configure-%
+	@cmake --build $(call build_dir,$*) -j $(JOBS)
 
-test: build
-	@scripts/run-tests $(BUILD)
+test-%: build-%
+	@echo "== tests on $*"
+	@VELKAN_ARCH=$* scripts/run-tests $(call build_dir,$*)
 
-demo: build
+build: $(addprefix build-,$(ARCHES))
+
+# Each architecture runs to the end; the target fails if either failed.
+test:
+	@status=0; for a in $(ARCHES); do $(MAKE) --no-print-directory test-$$a || status=1; done; exit $$status
+
+demo: build-x86
 	@scripts/with-display scripts/wine-run $(BUILD)/bin/velkan_console_sample.exe
 	@scripts/demo $(abspath $(BUILD))
 
-bench: build
+bench: build-x86
 	@scripts/with-display scripts/wine-run $(BUILD)/bin/velkan_bench.exe
 
 clean:
-	rm -rf $(BUILD)
+	rm -rf $(BUILD) $(BUILD)-x64

@@ -1,23 +1,5 @@
-# Cross-compiling for 32-bit x86 Windows with mingw-w64 (posix thread model,
-# which is the one that has std::thread in GCC 12).
-set(CMAKE_SYSTEM_NAME Windows)
+# 32-bit x86 Windows, the primary target.
 set(CMAKE_SYSTEM_PROCESSOR x86)
-
 set(VELKAN_TRIPLE i686-w64-mingw32)
-set(CMAKE_C_COMPILER   ${VELKAN_TRIPLE}-gcc-posix)
-set(CMAKE_CXX_COMPILER ${VELKAN_TRIPLE}-g++-posix)
-set(CMAKE_RC_COMPILER  ${VELKAN_TRIPLE}-windres)
-set(CMAKE_AR           ${VELKAN_TRIPLE}-ar CACHE FILEPATH "")
-set(CMAKE_RANLIB       ${VELKAN_TRIPLE}-ranlib CACHE FILEPATH "")
-
-set(CMAKE_FIND_ROOT_PATH /usr/${VELKAN_TRIPLE})
-set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
-set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
-# Packages of host projects installed anywhere (find_package(Velkan)).
-set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE BOTH)
-
-# Test programs run under Wine through the project's wrapper, which sets the
-# prefix and the search path of the GCC runtime DLLs.
-get_filename_component(_velkan_root "${CMAKE_CURRENT_LIST_DIR}/.." ABSOLUTE)
-set(CMAKE_CROSSCOMPILING_EMULATOR "${_velkan_root}/scripts/wine-run")
+set(VELKAN_ARCH x86)
+include("${CMAKE_CURRENT_LIST_DIR}/toolchain-mingw.cmake")

@@ -18,7 +18,7 @@ int main()
         std::printf("string 4242 unexpectedly found\n");
         return 1;
     } catch (const Velkan::CResourceNotFoundException& e) {
-        std::printf("package host ok: %s\n", e.what());
+        std::printf("package host ok (%d-bit): %s\n", static_cast<int>(sizeof(void*) * 8), e.what());
         return 0;
     }
 }

@@ -7,6 +7,8 @@
 #include <cstdarg>
 #include <vector>
 
+#include "velkan/core/detail/StructSize.h"
+
 namespace Velkan {
 
 // ---------------------------------------------------------------------------
@@ -158,6 +160,7 @@ DWORD CApp::GetDllVersion(LPCWSTR dll) {
     auto getVersion = reinterpret_cast<DLLGETVERSIONPROC>(
         reinterpret_cast<void*>(::GetProcAddress(module, "DllGetVersion")));
     if (getVersion != nullptr) {
+        VELKAN_X86_SIZE(DLLVERSIONINFO, 20);
         DLLVERSIONINFO info = {};
         info.cbSize = sizeof(info);
         if (SUCCEEDED(getVersion(&info))) version = MAKELONG(info.dwMinorVersion, info.dwMajorVersion);

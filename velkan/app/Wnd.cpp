@@ -3,6 +3,7 @@
 
 #include "velkan/core/ObjectContext.h"
 #include "velkan/core/Resource.h"
+#include "velkan/core/detail/StructSize.h"
 
 namespace Velkan {
 
@@ -18,6 +19,8 @@ HINSTANCE ModuleInstance() {
 }
 
 }  // namespace
+
+VELKAN_X86_SIZE(WNDCLASSEXW, 48);
 
 CWnd::CWnd()
     : m_wndClass(std::make_shared<WNDCLASSEXW>()), m_createStruct(std::make_shared<CREATESTRUCTW>()) {

@@ -5,6 +5,7 @@
 
 #include "velkan/core/Exceptions.h"
 #include "velkan/core/ObjectContext.h"
+#include "velkan/core/detail/StructSize.h"
 #include "velkan/core/Resource.h"
 #include "velkan/gfx/Bitmap.h"
 #include "velkan/gfx/BitmapBundle.h"
@@ -151,9 +152,11 @@ HIMAGELIST CImageList::Create(CSvgImage& svg, int dpi, int cx, int grow) {
     return Create(bitmap, targetWidth, grow);
 }
 
+VELKAN_X86_SIZE(IMAGELISTDRAWPARAMS, 0x44);
+
 BOOL CImageList::DrawGrayscale(int index, HDC hdc, int x, int y, UINT style) const {
     IMAGELISTDRAWPARAMS params = {};
-    params.cbSize = 0x44;
+    params.cbSize = sizeof(params);
     params.himl = m_list;
     params.i = index;
     params.hdcDst = hdc;
