@@ -29,3 +29,8 @@
 #include "velkan/gfx/BitmapBundle.h"
 #include "velkan/gfx/ImageList.h"
 #include "velkan/gfx/SvgImage.h"
+#include "velkan/controls/Scrollbar.h"
+#include "velkan/dialog/Dialog.h"
+#include "velkan/dialog/TaskDialog.h"
+#include "velkan/dialog/MessageBox.h"
+#include "velkan/dialog/ShowIfDlg.h"

@@ -11,6 +11,7 @@
 #include <stdexcept>
 
 #include "velkan/app/Wnd.h"
+#include "velkan/dialog/Dialog.h"
 #include "velkan/gfx/DC.h"
 #include "velkan/gfx/GdiObject.h"
 #include "velkan/gfx/Icon.h"
@@ -127,7 +128,15 @@ BOOL CApp::ReleaseSharedMem() {
 // ---------------------------------------------------------------------------
 // The message loop
 
+void CApp::RunLoop(CDialog& dialog) {
+    Loop(dialog, nullptr);
+}
+
 void CApp::RunLoop(CWnd& mainWindow, HACCEL accelerators) {
+    Loop(mainWindow, accelerators);
+}
+
+void CApp::Loop(CWnd& mainWindow, HACCEL accelerators) {
     MSG msg;
     BOOL got;
     // -1 (an invalid call) does not end the loop; only WM_QUIT does.

@@ -12,6 +12,7 @@
 namespace Velkan {
 
 class CWnd;
+class CDialog;
 
 // The one application object of a process. Its constructor starts GDI+,
 // the common controls and COM, probes the system, reads the registry keys
@@ -31,6 +32,8 @@ public:
     // Message loop. Keyboard and mouse messages first go to the
     // PreTranslateMessage of the target window and its ancestors.
     virtual BOOL PreTranslateMessage(MSG& msg);
+    // Runs until WM_QUIT with a dialog as the main window, no accelerators.
+    virtual void RunLoop(CDialog& dialog);
     // Runs until WM_QUIT with the main window's accelerators.
     virtual void RunLoop(CWnd& mainWindow, HACCEL accelerators = nullptr);
     virtual void PumpMessage(MSG& msg, CWnd& window, HACCEL accelerators);
@@ -38,6 +41,9 @@ public:
     virtual void CleanUpTempObjects();
     virtual ~CApp();
 
+    // The modeless dialog of the calling thread that is active (the
+    // dialogs keep it on WM_ACTIVATE); the loop lets it see keyboard
+    // messages through IsDialogMessageW.
     static HWND GetActiveModelessDialog();
     static void SetActiveModelessDialog(HWND dialog);
 
@@ -120,6 +126,10 @@ protected:
     static DWORD GetDllVersion(LPCWSTR dll);
 
 private:
+    // The loop of every RunLoop: until WM_QUIT, each message through
+    // PumpMessage.
+    void Loop(CWnd& mainWindow, HACCEL accelerators);
+
     Gdiplus::GdiplusStartupInput m_gdiplusInput;
     ULONG_PTR m_gdiplusToken = 0;
     HINSTANCE m_instance = nullptr;

@@ -274,6 +274,14 @@ protected:
     // CWnd's own filter: lays out descendants on WM_SIZE when enabled.
     BOOL WndMsgFilterProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
 
+    // The two halves of routing that every procedure of the library shares.
+    // TieWndBeingCreated hands the thread's window-being-created object the
+    // handle and registers it (null when no object is being created);
+    // FilterMessage offers a message to wnd's filters in registration order
+    // and is TRUE when one consumed it.
+    static CWnd* TieWndBeingCreated(HWND hwnd);
+    static BOOL FilterMessage(CWnd& wnd, UINT msg, WPARAM wParam, LPARAM lParam, LRESULT& result);
+
     // Forgets the window: the table entry (if it is ours), notification
     // registrations, subclassing and layout state. Does not destroy.
     void ResetCWnd();

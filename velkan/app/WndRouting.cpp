@@ -11,24 +11,34 @@ LRESULT CALLBACK CWnd::StaticWndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM 
     CWnd* wnd = GetContext().Find(hwnd);
     if (wnd == nullptr) {
         // The first message of a window that this thread is creating.
-        CWnd*& beingCreated = GetWndBeingCreated();
-        wnd = beingCreated;
-        beingCreated = nullptr;
-        wnd->m_hwnd = hwnd;
-        AddToContext(hwnd, *wnd);
+        wnd = TieWndBeingCreated(hwnd);
         if (wnd->m_subclass &&
             reinterpret_cast<WNDPROC>(::GetWindowLongPtrW(hwnd, GWLP_WNDPROC)) != &CWnd::StaticWndProc) {
             wnd->InstallStaticWndProc();
         }
     }
-
-    // A filter may add filters; those see the next message, not this one.
-    const size_t count = wnd->m_filters.size();
-    for (size_t i = 0; i < count; ++i) {
-        if (wnd->m_filters[i]->WndMsgFilterProc(hwnd, msg, wParam, lParam, result)) return result;
-    }
+    if (FilterMessage(*wnd, msg, wParam, lParam, result)) return result;
     if (wnd->WndProc(msg, wParam, lParam, result)) return result;
     return wnd->DefaultWndProc(msg, wParam, lParam);
+}
+
+CWnd* CWnd::TieWndBeingCreated(HWND hwnd) {
+    CWnd*& beingCreated = GetWndBeingCreated();
+    CWnd* wnd = beingCreated;
+    beingCreated = nullptr;
+    if (wnd == nullptr) return nullptr;
+    wnd->m_hwnd = hwnd;
+    AddToContext(hwnd, *wnd);
+    return wnd;
+}
+
+BOOL CWnd::FilterMessage(CWnd& wnd, UINT msg, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    // A filter may add filters; those see the next message, not this one.
+    const size_t count = wnd.m_filters.size();
+    for (size_t i = 0; i < count; ++i) {
+        if (wnd.m_filters[i]->WndMsgFilterProc(wnd.m_hwnd, msg, wParam, lParam, result)) return TRUE;
+    }
+    return FALSE;
 }
 
 LRESULT CWnd::DefaultWndProc(UINT msg, WPARAM wParam, LPARAM lParam) {

@@ -1,4 +1,4 @@
-"""Runs the graphics tests twice: with the prefix at 96 DPI, then at 144.
+"""Runs a test program twice: with the prefix at 96 DPI, then at 144.
 
 Usage: harness.py WINE_RUN TEST_EXE [ARGS...]
 
@@ -19,11 +19,11 @@ def set_dpi(wine_run, dpi):
 
 def run(command, dpi):
     env = dict(os.environ, VELKAN_TEST_DPI=str(dpi))
-    print("graphics tests at %d DPI" % dpi, flush=True)
+    print("tests at %d DPI" % dpi, flush=True)
     try:
         return subprocess.run(command, env=env, timeout=280).returncode
     except subprocess.TimeoutExpired:
-        print("the graphics tests did not finish at %d DPI" % dpi)
+        print("the tests did not finish at %d DPI" % dpi)
         return 1
 
 

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "velkan/app/Wnd.h"
+
+namespace Velkan {
+
+// A scroll bar control ("SCROLLBAR"), either a bar of its own or the size
+// box that resizable windows show in their lower right corner.
+class VELKAN_API CScrollbar : public CWnd {
+public:
+    CScrollbar() = default;
+
+    // A horizontal or vertical bar (SBS_HORZ or SBS_VERT in style).
+    HWND Create(CWnd& parent, UINT id, const RECT& rect, DWORD style = SBS_HORZ);
+    // A size-box bar with the gripper look, as large as the system's scroll
+    // bar arrows and placed in parent's lower right
+    // client corner. Anchor it right and bottom to keep it there.
+    HWND CreateSizingGrip(CWnd& parent);
+
+    BOOL GetScrollInfo(SCROLLINFO& info) const { return ::GetScrollInfo(m_hwnd, SB_CTL, &info); }
+    int SetScrollInfo(const SCROLLINFO& info, BOOL redraw = TRUE) const { return ::SetScrollInfo(m_hwnd, SB_CTL, &info, redraw); }
+    int GetScrollPos() const { return ::GetScrollPos(m_hwnd, SB_CTL); }
+    int SetScrollPos(int pos, BOOL redraw = TRUE) const { return ::SetScrollPos(m_hwnd, SB_CTL, pos, redraw); }
+    BOOL GetScrollRange(int* min, int* max) const { return ::GetScrollRange(m_hwnd, SB_CTL, min, max); }
+    BOOL SetScrollRange(int min, int max, BOOL redraw = TRUE) const { return ::SetScrollRange(m_hwnd, SB_CTL, min, max, redraw); }
+    BOOL EnableScrollBar(UINT arrows = ESB_ENABLE_BOTH) const { return ::EnableScrollBar(m_hwnd, SB_CTL, arrows); }
+    BOOL ShowScrollBar(BOOL show = TRUE) const { return ::ShowScrollBar(m_hwnd, SB_CTL, show); }
+    BOOL IsSizeBox() const { return (GetWindowStyle() & (SBS_SIZEBOX | SBS_SIZEGRIP)) != 0; }
+};
+
+}  // namespace Velkan
