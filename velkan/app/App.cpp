@@ -16,6 +16,7 @@
 #include "velkan/gfx/GdiObject.h"
 #include "velkan/gfx/Icon.h"
 #include "velkan/gfx/ImageList.h"
+#include "velkan/menu/Menu.h"
 
 namespace Velkan {
 
@@ -169,8 +170,8 @@ BOOL CApp::PreTranslateMessage(MSG& msg) {
 }
 
 void CApp::CleanUpTempObjects() {
-    // Menus join here when that family arrives.
     CWnd::CleanUpTempObjects();
+    CMenu::CleanUpTempObjects();
     CDC::CleanUpTempObjects();
     CGdiObject::CleanUpTempObjects();
     CImageList::CleanUpTempObjects();
