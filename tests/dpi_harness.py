@@ -1,25 +1,34 @@
-"""Runs a test program twice: with the prefix at 96 DPI, then at 144.
+"""Runs a test program at 96 DPI, then at 144; with --themes also both
+again with visual styles switched off.
 
-Usage: harness.py WINE_RUN TEST_EXE [ARGS...]
+Usage: dpi_harness.py [--themes] WINE_RUN TEST_EXE [ARGS...]
 
-The DPI is a registry setting of the prefix that programs read when they
-start; it is put back to 96 whatever happens.
+The DPI and the visual styles are registry settings of the prefix that
+programs read when they start; both are put back (96 DPI, styles on)
+whatever happens. The program learns the settings from VELKAN_TEST_DPI and
+VELKAN_TEST_THEMES ("on" or "off").
 """
 import os
 import subprocess
 import sys
 
-KEY = r"HKCU\Control Panel\Desktop"
+DPI_KEY = r"HKCU\Control Panel\Desktop"
+THEME_KEY = r"HKCU\Software\Microsoft\Windows\CurrentVersion\ThemeManager"
 
 
-def set_dpi(wine_run, dpi):
-    subprocess.run([wine_run, "reg", "add", KEY, "/v", "LogPixels", "/t", "REG_DWORD", "/d", str(dpi), "/f"],
+def reg_add(wine_run, key, name, kind, value):
+    subprocess.run([wine_run, "reg", "add", key, "/v", name, "/t", kind, "/d", value, "/f"],
                    check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
 
-def run(command, dpi):
-    env = dict(os.environ, VELKAN_TEST_DPI=str(dpi))
-    print("tests at %d DPI" % dpi, flush=True)
+def configure(wine_run, dpi, themes):
+    reg_add(wine_run, DPI_KEY, "LogPixels", "REG_DWORD", str(dpi))
+    reg_add(wine_run, THEME_KEY, "ThemeActive", "REG_SZ", "1" if themes else "0")
+
+
+def run(command, dpi, themes):
+    env = dict(os.environ, VELKAN_TEST_DPI=str(dpi), VELKAN_TEST_THEMES="on" if themes else "off")
+    print("tests at %d DPI, visual styles %s" % (dpi, "on" if themes else "off"), flush=True)
     try:
         return subprocess.run(command, env=env, timeout=280).returncode
     except subprocess.TimeoutExpired:
@@ -28,15 +37,24 @@ def run(command, dpi):
 
 
 def main():
-    if len(sys.argv) < 3:
+    args = sys.argv[1:]
+    with_themes_off = bool(args) and args[0] == "--themes"
+    if with_themes_off:
+        args = args[1:]
+    if len(args) < 2:
         sys.exit(__doc__)
-    wine_run, command = sys.argv[1], sys.argv[1:]
-    status = run(command, 96)
+    wine_run, command = args[0], args
+    settings = [(96, True), (144, True)]
+    if with_themes_off:
+        settings += [(96, False), (144, False)]
+    status = 0
     try:
-        set_dpi(wine_run, 144)
-        status = run(command, 144) or status
+        for dpi, themes in settings:
+            if (dpi, themes) != (96, True):
+                configure(wine_run, dpi, themes)
+            status = run(command, dpi, themes) or status
     finally:
-        set_dpi(wine_run, 96)
+        configure(wine_run, 96, True)
     sys.exit(status)
 
 

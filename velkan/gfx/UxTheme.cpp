@@ -84,6 +84,14 @@ HTHEME CUxTheme::OpenThemeDataForDpi(const CWnd& wnd, UINT dpi) {
     return m_theme;
 }
 
+BOOL CUxTheme::IsAppThemed() {
+    return ::IsAppThemed();
+}
+
+BOOL CUxTheme::IsThemeActive() {
+    return ::IsThemeActive();
+}
+
 BOOL CUxTheme::HasOpenThemeDataForDpi() {
     return OpenThemeDataForDpiEntry() != nullptr;
 }

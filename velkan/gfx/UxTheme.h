@@ -34,8 +34,8 @@ public:
     const CString& GetClassList() const { return m_classList; }
     DWORD GetFlags() const { return m_flags; }
 
-    static BOOL IsAppThemed() { return ::IsAppThemed(); }
-    static BOOL IsThemeActive() { return ::IsThemeActive(); }
+    static BOOL IsAppThemed();
+    static BOOL IsThemeActive();
     // TRUE where the system offers OpenThemeDataForDpi.
     static BOOL HasOpenThemeDataForDpi();
 

@@ -1,25 +1,21 @@
-// The dialog tests run inside an application object: dialogs use its
-// instance, help and registry settings. Its settings key is removed after
-// the run. After every test no dialog and no visible window may be left.
+// The frame tests run inside an application object: it starts GDI+ and
+// the common controls, and is the default resource instance. After every
+// test no visible window may be left.
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <vector>
 
-#include "DialogTestSupport.h"
 #include "velkan/app/App.h"
 
 namespace {
 
 class AppEnvironment : public testing::Environment {
 public:
-    void SetUp() override {
-        ::RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\VelkanTestCompany\\VelkanDialogTests");
-        m_app = std::make_unique<Velkan::CApp>();
-    }
+    void SetUp() override { m_app = std::make_unique<Velkan::CApp>(); }
     void TearDown() override {
         m_app.reset();
-        ::RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\VelkanTestCompany\\VelkanDialogTests");
+        ::RegDeleteTreeW(HKEY_CURRENT_USER, L"Software\\VelkanTestCompany\\VelkanFrameTests");
     }
 
 private:
@@ -33,10 +29,10 @@ BOOL CALLBACK CollectVisible(HWND hwnd, LPARAM list) {
 
 class LeftoverWindows : public testing::EmptyTestEventListener {
     void OnTestEnd(const testing::TestInfo& test) override {
-        std::vector<HWND> left = Testing::ThreadDialogs();
+        std::vector<HWND> left;
         ::EnumThreadWindows(::GetCurrentThreadId(), &CollectVisible, reinterpret_cast<LPARAM>(&left));
         for (HWND hwnd : left) {
-            ADD_FAILURE() << test.name() << " left a window behind: \"" << Testing::WindowText(hwnd) << "\"";
+            ADD_FAILURE() << test.name() << " left a visible window behind";
             ::DestroyWindow(hwnd);
         }
     }

@@ -1,0 +1,359 @@
+#include <gtest/gtest.h>
+
+#include <windows.h>
+#include <commctrl.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <cwchar>
+#include <string>
+#include <vector>
+
+#include "resource.h"
+#include "velkan/frame/Rebar.h"
+#include "velkan/frame/Toolbar.h"
+#include "velkan/gfx/BitmapBundle.h"
+#include "velkan/gfx/SvgImage.h"
+
+using namespace Velkan;
+
+namespace {
+
+// Watches the calling thread's windows through hooks: what each window was
+// created with, and the messages of interest sent to them.
+class Spy {
+public:
+    struct Created { HWND hwnd; std::wstring className; DWORD style, exStyle; };
+    struct Sent { HWND hwnd; UINT msg; WPARAM wParam; LPARAM lParam; UINT barInfoSize; REBARBANDINFOW band; };
+
+    explicit Spy(std::vector<UINT> messages) : m_messages(std::move(messages)) {
+        s_spy = this;
+        m_cbt = ::SetWindowsHookExW(WH_CBT, &Cbt, nullptr, ::GetCurrentThreadId());
+        m_call = ::SetWindowsHookExW(WH_CALLWNDPROC, &Call, nullptr, ::GetCurrentThreadId());
+    }
+    ~Spy() {
+        ::UnhookWindowsHookEx(m_call);
+        ::UnhookWindowsHookEx(m_cbt);
+        s_spy = nullptr;
+    }
+    Spy(const Spy&) = delete;
+    Spy& operator=(const Spy&) = delete;
+
+    Created CreationOf(HWND hwnd) const {
+        for (const Created& c : m_created)
+            if (c.hwnd == hwnd) return c;
+        return Created{nullptr, L"", 0, 0};
+    }
+    std::vector<Sent> SentTo(HWND hwnd) const {
+        std::vector<Sent> sent;
+        for (const Sent& s : m_sent)
+            if (s.hwnd == hwnd) sent.push_back(s);
+        return sent;
+    }
+
+private:
+    static LRESULT CALLBACK Cbt(int code, WPARAM wParam, LPARAM lParam) {
+        if (code == HCBT_CREATEWND && s_spy != nullptr) {
+            const CREATESTRUCTW* cs = reinterpret_cast<CBT_CREATEWNDW*>(lParam)->lpcs;
+            const bool named = !IS_INTRESOURCE(cs->lpszClass);
+            s_spy->m_created.push_back(Created{reinterpret_cast<HWND>(wParam), named ? cs->lpszClass : L"",
+                                               static_cast<DWORD>(cs->style), cs->dwExStyle});
+        }
+        return ::CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+    static LRESULT CALLBACK Call(int code, WPARAM wParam, LPARAM lParam) {
+        const auto* cwp = reinterpret_cast<const CWPSTRUCT*>(lParam);
+        if (code == HC_ACTION && s_spy != nullptr) {
+            for (UINT msg : s_spy->m_messages) {
+                if (msg != cwp->message) continue;
+                Sent sent = {cwp->hwnd, cwp->message, cwp->wParam, cwp->lParam, 0, {}};
+                // What the pointers point at lives only as long as the call.
+                if (msg == RB_SETBARINFO) sent.barInfoSize = reinterpret_cast<const REBARINFO*>(cwp->lParam)->cbSize;
+                if (msg == RB_INSERTBANDW) sent.band = *reinterpret_cast<const REBARBANDINFOW*>(cwp->lParam);
+                s_spy->m_sent.push_back(sent);
+            }
+        }
+        return ::CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+
+    static Spy* s_spy;
+    std::vector<UINT> m_messages;
+    std::vector<Created> m_created;
+    std::vector<Sent> m_sent;
+    HHOOK m_cbt = nullptr, m_call = nullptr;
+};
+
+Spy* Spy::s_spy = nullptr;
+
+// A hidden top-level window that counts the notifications its own
+// OnNotify sees, that is, those no sender took through reflection.
+class NotifySink : public CWnd {
+public:
+    using CWnd::OnNotify;
+    BOOL OnNotify(UINT, LPARAM nmhdr, LRESULT&) override {
+        if (reinterpret_cast<const NMHDR*>(nmhdr)->code == static_cast<UINT>(TTN_GETDISPINFOW)) ++unreflected;
+        return FALSE;
+    }
+    int unreflected = 0;
+};
+
+// An opaque 32-bit top-down DIB section.
+struct Dib {
+    template <typename Colour>
+    Dib(int w, int h, Colour colour) : width(w), height(h) {
+        BITMAPINFO info = {};
+        info.bmiHeader = {sizeof(BITMAPINFOHEADER), w, -h, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        void* pixels = nullptr;
+        bitmap = ::CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
+        bits = static_cast<uint32_t*>(pixels);
+        for (int y = 0; y < h; ++y)
+            for (int x = 0; x < w; ++x) bits[y * w + x] = 0xFF000000u | colour(x, y);
+    }
+    ~Dib() { ::DeleteObject(bitmap); }
+    Dib(const Dib&) = delete;
+    Dib& operator=(const Dib&) = delete;
+    uint32_t At(int x, int y) const { return bits[y * width + x] & 0xFFFFFFu; }
+
+    int width, height;
+    HBITMAP bitmap = nullptr;
+    uint32_t* bits = nullptr;
+};
+
+// One image of a list drawn over white, icon-sized.
+std::vector<uint32_t> Drawn(HIMAGELIST list, int index) {
+    int cx = 0, cy = 0;
+    ::ImageList_GetIconSize(list, &cx, &cy);
+    Dib canvas(cx, cy, [](int, int) { return 0xFFFFFFu; });
+    HDC dc = ::CreateCompatibleDC(nullptr);
+    HGDIOBJ old = ::SelectObject(dc, canvas.bitmap);
+    ::ImageList_Draw(list, index, dc, 0, 0, ILD_NORMAL);
+    ::SelectObject(dc, old);
+    ::DeleteDC(dc);
+    std::vector<uint32_t> pixels;
+    for (int y = 0; y < cy; ++y)
+        for (int x = 0; x < cx; ++x) pixels.push_back(canvas.At(x, y));
+    return pixels;
+}
+
+TBBUTTON Button(int image, int command) {
+    TBBUTTON button = {};
+    button.iBitmap = image;
+    button.idCommand = command;
+    button.fsState = TBSTATE_ENABLED;
+    button.fsStyle = BTNS_BUTTON;
+    return button;
+}
+
+TBBUTTON buttons[] = {Button(0, ID_HELP_AND_TIP), Button(1, ID_TIP_ONLY), Button(2, ID_TWO_LINE_FEEDS)};
+constexpr int kButtonCount = 3;
+
+CSize Scaled(int cx, int cy, int dpi) { return CSize(::MulDiv(cx, dpi, 96), ::MulDiv(cy, dpi, 96)); }
+
+REBARBANDINFOW BandInfo(const CRebar& rebar, int index, wchar_t* text = nullptr, UINT textSize = 0) {
+    REBARBANDINFOW band = {};
+    band.cbSize = sizeof(band);
+    band.fMask = RBBIM_STYLE | RBBIM_CHILD | RBBIM_CHILDSIZE | (text != nullptr ? RBBIM_TEXT : 0);
+    band.lpText = text;
+    band.cch = textSize;
+    EXPECT_TRUE(rebar.GetBandInfo(index, band)) << index;
+    return band;
+}
+
+HWND LastChild(HWND parent) { return ::GetWindow(::GetWindow(parent, GW_CHILD), GW_HWNDLAST); }
+
+}  // namespace
+
+TEST(Toolbar, CreateSetsUpTheControlWithItsImagesAndButtons) {
+    CWnd parent;
+    ASSERT_NE(nullptr, parent.Create());
+    if (const char* dpi = std::getenv("VELKAN_TEST_DPI")) ASSERT_EQ(std::atoi(dpi), parent.GetDpi());
+    Spy spy({TB_BUTTONSTRUCTSIZE, TB_SETEXTENDEDSTYLE, TB_SETIMAGELIST, TB_ADDBUTTONSW});
+    CBitmapBundle bundle({IDB_STRIP16, IDB_STRIP32});
+    CToolbar toolbar;
+    ASSERT_NE(nullptr, toolbar.Create(&parent, bundle, buttons, kButtonCount, 16));
+
+    const Spy::Created created = spy.CreationOf(toolbar);
+    EXPECT_EQ(L"ToolbarWindow32", created.className);
+    EXPECT_EQ(0x50000944u, created.style);
+    EXPECT_EQ(parent.GetHwnd(), ::GetParent(toolbar));
+    // The structure size comes before the buttons, the image list with them.
+    const std::vector<Spy::Sent> sent = spy.SentTo(toolbar);
+    ASSERT_EQ(4u, sent.size());
+    EXPECT_EQ(static_cast<UINT>(TB_BUTTONSTRUCTSIZE), sent[0].msg);
+    EXPECT_EQ(sizeof(TBBUTTON), sent[0].wParam);
+    EXPECT_EQ(static_cast<UINT>(TB_SETEXTENDEDSTYLE), sent[1].msg);
+    EXPECT_EQ(static_cast<LPARAM>(TBSTYLE_EX_DRAWDDARROWS), sent[1].lParam);
+    EXPECT_EQ(static_cast<UINT>(TB_SETIMAGELIST), sent[2].msg);
+    EXPECT_EQ(reinterpret_cast<LPARAM>(toolbar.GetOwnImageList().GetHimageList()), sent[2].lParam);
+    EXPECT_EQ(static_cast<UINT>(TB_ADDBUTTONSW), sent[3].msg);
+    EXPECT_EQ(static_cast<WPARAM>(kButtonCount), sent[3].wParam);
+
+    EXPECT_EQ(kButtonCount, toolbar.GetButtonCount());
+    TBBUTTON last = {};
+    ASSERT_TRUE(toolbar.GetButton(2, last));
+    EXPECT_EQ(ID_TWO_LINE_FEEDS, last.idCommand);
+    EXPECT_NE(0u, toolbar.SendMessageW(TB_GETEXTENDEDSTYLE) & TBSTYLE_EX_DRAWDDARROWS);
+}
+
+TEST(Toolbar, ImageListsAreBuiltAtTheParentDpiFromEverySource) {
+    CWnd parent;
+    ASSERT_NE(nullptr, parent.Create());
+    const int dpi = parent.GetDpi();
+    const HINSTANCE instance = ::GetModuleHandleW(nullptr);
+    struct Built { const char* source; CToolbar& toolbar; int count; CSize icon; };
+
+    CToolbar fromBundle, fromSvg, fromBitmap, fromPng;
+    CBitmapBundle bundle({IDB_STRIP16, IDB_STRIP32});
+    ASSERT_NE(nullptr, fromBundle.Create(&parent, bundle, buttons, kButtonCount, 16));
+    // Five cells of 16 x 12.
+    CSvgImage svg("<svg xmlns='http://www.w3.org/2000/svg' width='80' height='12'>"
+                  "<rect x='0' y='0' width='80' height='12' fill='#204080'/></svg>",
+                  RGB(0, 0, 0));
+    ASSERT_NE(nullptr, fromSvg.Create(&parent, svg, buttons, kButtonCount, 16, instance));
+    ASSERT_NE(nullptr, fromBitmap.Create(&parent, IDB_STRIP16, buttons, kButtonCount, instance, 16));
+    ASSERT_NE(nullptr, fromPng.Create(&parent, IDB_STRIP20_PNG, L"PNG", buttons, kButtonCount, instance, 20));
+
+    for (const Built& b : {Built{"bundle", fromBundle, 4, Scaled(16, 16, dpi)}, Built{"SVG", fromSvg, 5, Scaled(16, 12, dpi)},
+                           Built{"bitmap", fromBitmap, 4, Scaled(16, 16, dpi)},
+                           Built{"PNG", fromPng, 3, Scaled(20, 20, dpi)}}) {
+        const CImageList& own = b.toolbar.GetOwnImageList();
+        EXPECT_EQ(own.GetHimageList(), b.toolbar.GetImageList()) << b.source;
+        EXPECT_EQ(b.count, own.GetImageCount()) << b.source;
+        EXPECT_EQ(b.icon, own.GetIconSize()) << b.source;
+    }
+}
+
+TEST(Toolbar, AddMaskedButtonImageNeedsAnImageListAndABitmap) {
+    Dib image(16, 16, [](int, int) { return 0x3060C0u; });
+    CToolbar notCreated;
+    EXPECT_EQ(-1, notCreated.AddMaskedButtonImage(image.bitmap, RGB(255, 0, 255)));
+
+    CWnd parent;
+    ASSERT_NE(nullptr, parent.Create());
+    CBitmapBundle bundle({IDB_STRIP16});
+    CToolbar toolbar;
+    ASSERT_NE(nullptr, toolbar.Create(&parent, bundle, buttons, kButtonCount, 16));
+    EXPECT_EQ(-1, toolbar.AddMaskedButtonImage(static_cast<HBITMAP>(nullptr), RGB(255, 0, 255)));
+    EXPECT_EQ(4, toolbar.GetOwnImageList().GetImageCount());
+}
+
+TEST(Toolbar, AddedImagesAreFittedToTheIconSize) {
+    CWnd parent;
+    ASSERT_NE(nullptr, parent.Create());
+    CBitmapBundle bundle({IDB_STRIP16});
+    CToolbar toolbar;
+    ASSERT_NE(nullptr, toolbar.Create(&parent, bundle, buttons, kButtonCount, 16));
+    const HIMAGELIST list = toolbar.GetImageList();
+    const CSize icon = toolbar.GetOwnImageList().GetIconSize();
+
+    // Already icon-sized: taken pixel for pixel.
+    Dib exact(icon.cx, icon.cy, [](int x, int y) { return (x + y) % 2 ? 0xC02020u : 0x2020C0u; });
+    EXPECT_EQ(4, toolbar.AddMaskedButtonImage(exact.bitmap, RGB(255, 0, 255)));
+    const std::vector<uint32_t> pixels = Drawn(list, 4);
+    for (int i = 0; i < icon.cx * icon.cy; ++i)
+        ASSERT_EQ(exact.At(i % icon.cx, i / icon.cx), pixels[i]) << "pixel " << i;
+
+    // Three icons wide and half as high, or half as large: one image each,
+    // stretched over the whole cell.
+    Dib wide(icon.cx * 3, icon.cy / 2, [](int, int) { return 0x10A040u; });
+    EXPECT_EQ(5, toolbar.AddMaskedButtonImage(wide.bitmap, RGB(255, 0, 255)));
+    Dib small(icon.cx / 2, icon.cy / 2, [](int, int) { return 0xA04010u; });
+    EXPECT_EQ(6, toolbar.AddMaskedButtonImage(small.bitmap, RGB(255, 0, 255)));
+    EXPECT_EQ(7, ::ImageList_GetImageCount(list));
+    EXPECT_EQ(icon, toolbar.GetOwnImageList().GetIconSize());
+    for (uint32_t pixel : Drawn(list, 5)) ASSERT_EQ(0x10A040u, pixel);
+    for (uint32_t pixel : Drawn(list, 6)) ASSERT_EQ(0xA04010u, pixel);
+}
+
+TEST(Toolbar, TooltipIsTheHelpStringAfterItsFirstLineFeed) {
+    EXPECT_EQ(L"Tip", CToolbar::GetTooltipStringFromHelpString(L"Help\nTip"));
+    EXPECT_EQ(L"Tip", CToolbar::GetTooltipStringFromHelpString(L"\nTip"));
+    EXPECT_EQ(L"Tip\nmore", CToolbar::GetTooltipStringFromHelpString(L"Help\nTip\nmore"));
+    EXPECT_EQ(L"Just a tip", CToolbar::GetTooltipStringFromHelpString(L"Just a tip"));
+
+    CToolbar toolbar;
+    EXPECT_EQ(L"Open", toolbar.GetTooltipString(ID_HELP_AND_TIP));
+    EXPECT_EQ(L"Save", toolbar.GetTooltipString(ID_TIP_ONLY));
+    EXPECT_EQ(L"Print\nnow", toolbar.GetTooltipString(ID_TWO_LINE_FEEDS));
+    const CString empty = toolbar.GetTooltipString(ID_EMPTY_TIP);
+    EXPECT_FALSE(empty.IsNull());
+    EXPECT_TRUE(empty.IsEmpty());
+    EXPECT_TRUE(toolbar.GetTooltipString(ID_NO_STRING).IsNull());
+}
+
+TEST(Toolbar, AnnouncedTooltipGetsItsTextThroughReflection) {
+    NotifySink parent;
+    ASSERT_NE(nullptr, parent.Create());
+    CBitmapBundle bundle({IDB_STRIP16});
+    CToolbar toolbar;
+    ASSERT_NE(nullptr, toolbar.Create(&parent, bundle, buttons, kButtonCount, 16));
+    // Announced the way the control announces its own.
+    HWND tooltip = ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0, 0,
+                                     parent, nullptr, ::GetModuleHandleW(nullptr), nullptr);
+    ASSERT_NE(nullptr, tooltip);
+
+    // The text buffer filled with '#', then asked for through the parent.
+    auto ask = [&](UINT id, NMTTDISPINFOW& info) {
+        info = NMTTDISPINFOW{};
+        info.hdr = NMHDR{tooltip, id, static_cast<UINT>(TTN_GETDISPINFOW)};
+        std::wmemset(info.szText, L'#', 80);
+        parent.unreflected = 0;
+        ::SendMessageW(parent, WM_NOTIFY, id, reinterpret_cast<LPARAM>(&info));
+    };
+    NMTTDISPINFOW info;
+    ask(ID_HELP_AND_TIP, info);
+    EXPECT_EQ(1, parent.unreflected) << "reflected before the tooltip was announced";
+    EXPECT_EQ(L'#', info.szText[0]);
+
+    NMTOOLTIPSCREATED created = {};
+    created.hdr = NMHDR{toolbar, static_cast<UINT_PTR>(toolbar.GetDlgCtrlID()), static_cast<UINT>(NM_TOOLTIPSCREATED)};
+    created.hwndToolTips = tooltip;
+    ::SendMessageW(parent, WM_NOTIFY, created.hdr.idFrom, reinterpret_cast<LPARAM>(&created));
+    EXPECT_EQ(tooltip, toolbar.GetTooltipWnd().GetHwnd());
+    EXPECT_EQ(&toolbar.GetTooltipWnd(), CWnd::FindByHandle(tooltip));
+    EXPECT_EQ(reinterpret_cast<LONG_PTR>(&CWnd::StaticWndProc), ::GetWindowLongPtrW(tooltip, GWLP_WNDPROC));
+
+    // Found texts are taken (the reflection answers TRUE and the parent
+    // never sees them); missing and empty ones go on to the parent.
+    struct Case { UINT id; const wchar_t* text; };
+    for (const Case& c : {Case{ID_HELP_AND_TIP, L"Open"}, Case{ID_TIP_ONLY, L"Save"},
+                          Case{ID_TWO_LINE_FEEDS, L"Print\nnow"}, Case{ID_EMPTY_TIP, nullptr},
+                          Case{ID_NO_STRING, nullptr}}) {
+        ask(c.id, info);
+        if (c.text != nullptr) {
+            EXPECT_EQ(0, parent.unreflected) << c.id;
+            EXPECT_STREQ(c.text, info.szText) << c.id;
+        } else {
+            EXPECT_EQ(1, parent.unreflected) << c.id;
+            EXPECT_EQ(L'#', info.szText[0]) << c.id;
+        }
+    }
+
+    // A long text is cut to the 79 characters that fit with the terminator.
+    ask(ID_LONG_TIP, info);
+    EXPECT_EQ(0, parent.unreflected);
+    const std::wstring tip = toolbar.GetTooltipString(ID_LONG_TIP).GetString();
+    ASSERT_GT(tip.size(), 79u);
+    EXPECT_EQ(tip.substr(0, 79), std::wstring(info.szText, 79));
+    EXPECT_EQ(L'\0', info.szText[79]);
+}
+
+TEST(Rebar, CreateMakesAnEmptyBarWithDefaultBarInfo) {
+    CWnd parent;
+    ASSERT_NE(nullptr, parent.Create());
+    Spy spy({RB_SETBARINFO});
+    CRebar rebar;
+    ASSERT_NE(nullptr, rebar.Create(&parent));
+
+    const Spy::Created created = spy.CreationOf(rebar);
+    EXPECT_EQ(L"ReBarWindow32", created.className);
+    EXPECT_EQ(0x56800E41u, created.style);
+    EXPECT_EQ(0x10080u, created.exStyle);
+    const std::vector<Spy::Sent> sent = spy.SentTo(rebar);
+    ASSERT_EQ(1u, sent.size());
+    EXPECT_EQ(sizeof(REBARINFO), sent[0].barInfoSize);
+
+    EXPECT_EQ(0, rebar.GetBandCount());
+    EXPECT_EQ(0, rebar.GetMinWidth());
+}
