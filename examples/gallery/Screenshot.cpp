@@ -21,20 +21,14 @@ bool PngEncoder(CLSID& clsid) {
     return false;
 }
 
-}  // namespace
-
-bool SaveWindowPng(HWND hwnd, const wchar_t* path) {
-    RECT rect;
-    ::GetWindowRect(hwnd, &rect);
-    const int width = rect.right - rect.left, height = rect.bottom - rect.top;
-    HDC window = ::GetWindowDC(hwnd);
-    HDC memory = ::CreateCompatibleDC(window);
-    HBITMAP bitmap = ::CreateCompatibleBitmap(window, width, height);
+// Copies width x height pixels at (x, y) of the DC into a PNG file.
+bool SavePng(HDC source, int x, int y, int width, int height, const wchar_t* path) {
+    HDC memory = ::CreateCompatibleDC(source);
+    HBITMAP bitmap = ::CreateCompatibleBitmap(source, width, height);
     HGDIOBJ old = ::SelectObject(memory, bitmap);
-    ::BitBlt(memory, 0, 0, width, height, window, 0, 0, SRCCOPY);
+    ::BitBlt(memory, 0, 0, width, height, source, x, y, SRCCOPY);
     ::SelectObject(memory, old);
     ::DeleteDC(memory);
-    ::ReleaseDC(hwnd, window);
 
     bool saved = false;
     CLSID png;
@@ -43,5 +37,23 @@ bool SaveWindowPng(HWND hwnd, const wchar_t* path) {
         saved = image.Save(path, &png, nullptr) == Gdiplus::Ok;
     }
     ::DeleteObject(bitmap);
+    return saved;
+}
+
+}  // namespace
+
+bool SaveWindowPng(HWND hwnd, const wchar_t* path) {
+    RECT rect;
+    ::GetWindowRect(hwnd, &rect);
+    HDC window = ::GetWindowDC(hwnd);
+    const bool saved = SavePng(window, 0, 0, rect.right - rect.left, rect.bottom - rect.top, path);
+    ::ReleaseDC(hwnd, window);
+    return saved;
+}
+
+bool SaveScreenPng(const RECT& rect, const wchar_t* path) {
+    HDC screen = ::GetDC(nullptr);
+    const bool saved = SavePng(screen, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top, path);
+    ::ReleaseDC(nullptr, screen);
     return saved;
 }

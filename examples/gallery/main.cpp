@@ -2,8 +2,11 @@
 //
 //   velkan_gallery.exe                    shows the window until it is closed
 //   velkan_gallery.exe --screenshot FILE  shows it, saves it as PNG and exits
+//       [--open-menu N]                   ... with drop-down N (0-based) open
+//       [--menu-look classic|themed|visual]  menus in one of the three looks
 #include <cstdio>
 #include <cwchar>
+#include <cwctype>
 
 #include "GalleryWnd.h"
 #include "resource.h"
@@ -12,8 +15,15 @@ using namespace Velkan;
 
 int wmain(int argc, wchar_t** argv) {
     const wchar_t* screenshot = nullptr;
+    int openMenu = -1;
+    MenuLooks::Look look = MenuLooks::VisualStyle;
     for (int i = 1; i + 1 < argc; ++i) {
         if (std::wcscmp(argv[i], L"--screenshot") == 0) screenshot = argv[i + 1];
+        if (std::wcscmp(argv[i], L"--open-menu") == 0) openMenu = std::wcstol(argv[i + 1], nullptr, 10);
+        if (std::wcscmp(argv[i], L"--menu-look") == 0 && !MenuLooks::Parse(argv[i + 1], look)) {
+            std::printf("unknown menu look: %ls (classic, themed or visual)\n", argv[i + 1]);
+            return 2;
+        }
     }
 
     CApp app;
@@ -29,6 +39,8 @@ int wmain(int argc, wchar_t** argv) {
 
     GalleryWnd window;
     if (screenshot != nullptr) window.SetScreenshotPath(screenshot);
+    window.SetOpenMenu(openMenu);
+    window.SetMenuLook(look);
     if (window.Create() == nullptr) {
         std::printf("the gallery window could not be created\n");
         return 1;

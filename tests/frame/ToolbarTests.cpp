@@ -8,6 +8,7 @@
 #include <cstring>
 #include <cwchar>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "resource.h"
@@ -98,7 +99,7 @@ public:
     int unreflected = 0;
 };
 
-// An opaque 32-bit top-down DIB section.
+// A 32-bit top-down DIB section, each pixel from colour(x, y) as 0xAARRGGBB.
 struct Dib {
     template <typename Colour>
     Dib(int w, int h, Colour colour) : width(w), height(h) {
@@ -108,7 +109,7 @@ struct Dib {
         bitmap = ::CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0);
         bits = static_cast<uint32_t*>(pixels);
         for (int y = 0; y < h; ++y)
-            for (int x = 0; x < w; ++x) bits[y * w + x] = 0xFF000000u | colour(x, y);
+            for (int x = 0; x < w; ++x) bits[y * w + x] = colour(x, y);
     }
     ~Dib() { ::DeleteObject(bitmap); }
     Dib(const Dib&) = delete;
@@ -124,7 +125,7 @@ struct Dib {
 std::vector<uint32_t> Drawn(HIMAGELIST list, int index) {
     int cx = 0, cy = 0;
     ::ImageList_GetIconSize(list, &cx, &cy);
-    Dib canvas(cx, cy, [](int, int) { return 0xFFFFFFu; });
+    Dib canvas(cx, cy, [](int, int) { return 0xFFFFFFFFu; });
     HDC dc = ::CreateCompatibleDC(nullptr);
     HGDIOBJ old = ::SelectObject(dc, canvas.bitmap);
     ::ImageList_Draw(list, index, dc, 0, 0, ILD_NORMAL);
@@ -133,6 +134,24 @@ std::vector<uint32_t> Drawn(HIMAGELIST list, int index) {
     std::vector<uint32_t> pixels;
     for (int y = 0; y < cy; ++y)
         for (int x = 0; x < cx; ++x) pixels.push_back(canvas.At(x, y));
+    return pixels;
+}
+
+// One image as the list stores it, alpha included.
+std::vector<uint32_t> Stored(HIMAGELIST list, int index) {
+    IMAGEINFO info = {};
+    ::ImageList_GetImageInfo(list, index, &info);
+    BITMAP bitmap = {};
+    ::GetObjectW(info.hbmImage, sizeof(bitmap), &bitmap);
+    Dib copy(bitmap.bmWidth, bitmap.bmHeight, [](int, int) { return 0u; });
+    BITMAPINFO header = {};
+    header.bmiHeader = {sizeof(BITMAPINFOHEADER), bitmap.bmWidth, -bitmap.bmHeight, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    HDC dc = ::CreateCompatibleDC(nullptr);
+    ::GetDIBits(dc, info.hbmImage, 0, static_cast<UINT>(bitmap.bmHeight), copy.bits, &header, DIB_RGB_COLORS);
+    ::DeleteDC(dc);
+    std::vector<uint32_t> pixels;
+    for (int y = info.rcImage.top; y < info.rcImage.bottom; ++y)
+        for (int x = info.rcImage.left; x < info.rcImage.right; ++x) pixels.push_back(copy.bits[y * copy.width + x]);
     return pixels;
 }
 
@@ -162,12 +181,16 @@ REBARBANDINFOW BandInfo(const CRebar& rebar, int index, wchar_t* text = nullptr,
 
 HWND LastChild(HWND parent) { return ::GetWindow(::GetWindow(parent, GW_CHILD), GW_HWNDLAST); }
 
+constexpr UINT kBandMask = RBBIM_STYLE | RBBIM_CHILD | RBBIM_CHILDSIZE;
+
 }  // namespace
 
 TEST(Toolbar, CreateSetsUpTheControlWithItsImagesAndButtons) {
     CWnd parent;
     ASSERT_NE(nullptr, parent.Create());
-    if (const char* dpi = std::getenv("VELKAN_TEST_DPI")) ASSERT_EQ(std::atoi(dpi), parent.GetDpi());
+    if (const char* dpi = std::getenv("VELKAN_TEST_DPI")) {
+        ASSERT_EQ(std::atoi(dpi), parent.GetDpi());
+    }
     Spy spy({TB_BUTTONSTRUCTSIZE, TB_SETEXTENDEDSTYLE, TB_SETIMAGELIST, TB_ADDBUTTONSW});
     CBitmapBundle bundle({IDB_STRIP16, IDB_STRIP32});
     CToolbar toolbar;
@@ -225,7 +248,7 @@ TEST(Toolbar, ImageListsAreBuiltAtTheParentDpiFromEverySource) {
 }
 
 TEST(Toolbar, AddMaskedButtonImageNeedsAnImageListAndABitmap) {
-    Dib image(16, 16, [](int, int) { return 0x3060C0u; });
+    Dib image(16, 16, [](int, int) { return 0xFF3060C0u; });
     CToolbar notCreated;
     EXPECT_EQ(-1, notCreated.AddMaskedButtonImage(image.bitmap, RGB(255, 0, 255)));
 
@@ -247,18 +270,25 @@ TEST(Toolbar, AddedImagesAreFittedToTheIconSize) {
     const HIMAGELIST list = toolbar.GetImageList();
     const CSize icon = toolbar.GetOwnImageList().GetIconSize();
 
-    // Already icon-sized: taken pixel for pixel.
-    Dib exact(icon.cx, icon.cy, [](int x, int y) { return (x + y) % 2 ? 0xC02020u : 0x2020C0u; });
+    // Already icon-sized: added as it is, translucent pixels included,
+    // which a resampling pass would not leave untouched.
+    Dib exact(icon.cx, icon.cy, [](int x, int y) {
+        return (static_cast<uint32_t>(0x30 + 8 * x) << 24) | ((x + y) % 2 ? 0xC02060u : 0x2070C0u);
+    });
     EXPECT_EQ(4, toolbar.AddMaskedButtonImage(exact.bitmap, RGB(255, 0, 255)));
-    const std::vector<uint32_t> pixels = Drawn(list, 4);
-    for (int i = 0; i < icon.cx * icon.cy; ++i)
-        ASSERT_EQ(exact.At(i % icon.cx, i / icon.cx), pixels[i]) << "pixel " << i;
+    HIMAGELIST asIs = ::ImageList_Create(icon.cx, icon.cy, ILC_COLOR32 | ILC_MASK, 1, 0);
+    ASSERT_EQ(0, ::ImageList_Add(asIs, exact.bitmap, nullptr));
+    EXPECT_EQ(Drawn(asIs, 0), Drawn(list, 4));
+    EXPECT_EQ(Stored(asIs, 0), Stored(list, 4));
+    for (uint32_t p : Stored(list, 4)) printf("%08x ", p); printf("\n");
+    for (uint32_t p : Stored(asIs, 0)) printf("%08x ", p); printf("\n");
+    ::ImageList_Destroy(asIs);
 
     // Three icons wide and half as high, or half as large: one image each,
     // stretched over the whole cell.
-    Dib wide(icon.cx * 3, icon.cy / 2, [](int, int) { return 0x10A040u; });
+    Dib wide(icon.cx * 3, icon.cy / 2, [](int, int) { return 0xFF10A040u; });
     EXPECT_EQ(5, toolbar.AddMaskedButtonImage(wide.bitmap, RGB(255, 0, 255)));
-    Dib small(icon.cx / 2, icon.cy / 2, [](int, int) { return 0xA04010u; });
+    Dib small(icon.cx / 2, icon.cy / 2, [](int, int) { return 0xFFA04010u; });
     EXPECT_EQ(6, toolbar.AddMaskedButtonImage(small.bitmap, RGB(255, 0, 255)));
     EXPECT_EQ(7, ::ImageList_GetImageCount(list));
     EXPECT_EQ(icon, toolbar.GetOwnImageList().GetIconSize());
@@ -356,4 +386,110 @@ TEST(Rebar, CreateMakesAnEmptyBarWithDefaultBarInfo) {
 
     EXPECT_EQ(0, rebar.GetBandCount());
     EXPECT_EQ(0, rebar.GetMinWidth());
+}
+
+
+TEST(Rebar, InsertMakesAChildBandAndSendsTheChildToTheBottom) {
+    CWnd parent;
+    ASSERT_NE(nullptr, parent.Create());
+    CRebar rebar;
+    ASSERT_NE(nullptr, rebar.Create(&parent));
+    // The rebar takes each band's child as its own and puts it on top.
+    CWnd first, second;
+    ASSERT_NE(nullptr, first.CreateEx(0, L"Static", nullptr, WS_CHILD | WS_VISIBLE, 0, 0, 60, 20, &parent, nullptr));
+    ASSERT_NE(nullptr, second.CreateEx(0, L"Static", nullptr, WS_CHILD | WS_VISIBLE, 0, 0, 90, 24, &parent, nullptr));
+    const CSize firstSize = first.GetWindowSize(), secondSize = second.GetWindowSize();
+    Spy spy({RB_INSERTBANDW});
+
+    ASSERT_TRUE(rebar.Insert(first, L"First", FALSE, FALSE));
+    EXPECT_EQ(first.GetHwnd(), LastChild(rebar));
+    ASSERT_TRUE(rebar.Insert(second, nullptr, TRUE, TRUE, 0));
+    EXPECT_EQ(second.GetHwnd(), LastChild(rebar));
+
+    const std::vector<Spy::Sent> sent = spy.SentTo(rebar);
+    ASSERT_EQ(2u, sent.size());
+    EXPECT_EQ(kBandMask | RBBIM_TEXT, sent[0].band.fMask);
+    EXPECT_EQ(static_cast<WPARAM>(-1), sent[0].wParam);
+    EXPECT_EQ(kBandMask, sent[1].band.fMask);
+    EXPECT_EQ(0u, sent[1].wParam);
+
+    wchar_t text[32] = {};
+    const REBARBANDINFOW withText = BandInfo(rebar, 1, text, 32);
+    EXPECT_EQ(first.GetHwnd(), withText.hwndChild);
+    EXPECT_EQ(static_cast<UINT>(RBBS_CHILDEDGE), withText.fStyle);
+    EXPECT_EQ(CSize(firstSize.cx, firstSize.cy), CSize(withText.cxMinChild, withText.cyMinChild));
+    EXPECT_STREQ(L"First", text);
+    const REBARBANDINFOW onNewRow = BandInfo(rebar, 0);
+    EXPECT_EQ(second.GetHwnd(), onNewRow.hwndChild);
+    EXPECT_EQ(static_cast<UINT>(RBBS_CHILDEDGE | RBBS_NOGRIPPER | RBBS_BREAK), onNewRow.fStyle);
+    EXPECT_EQ(CSize(secondSize.cx, secondSize.cy), CSize(onNewRow.cxMinChild, onNewRow.cyMinChild));
+}
+
+TEST(Rebar, InsertToolbarSizesTheBandToTheToolbarAndIndentsItWithoutGripper) {
+    CWnd parent;
+    ASSERT_NE(nullptr, parent.Create());
+    CRebar rebar;
+    ASSERT_NE(nullptr, rebar.Create(&parent));
+    CBitmapBundle bundle({IDB_STRIP16});
+    CToolbar gripped, indented;
+    ASSERT_NE(nullptr, gripped.Create(&rebar, bundle, buttons, 3, 16));
+    ASSERT_NE(nullptr, indented.Create(&rebar, bundle, buttons, 2, 16));
+    gripped.SetWindowStyle(gripped.GetWindowStyle() & ~CCS_NORESIZE);
+    const DWORD grippedStyle = gripped.GetWindowStyle(), indentedStyle = indented.GetWindowStyle();
+    const CSize grippedSize = gripped.GetMaxSize(), indentedSize = indented.GetMaxSize();
+    ASSERT_NE(grippedSize, indentedSize);
+    Spy spy({RB_INSERTBANDW, TB_SETINDENT});
+
+    ASSERT_TRUE(rebar.InsertToolbar(gripped, FALSE, FALSE));
+    EXPECT_EQ(grippedStyle | CCS_NORESIZE, gripped.GetWindowStyle());
+    EXPECT_TRUE(spy.SentTo(gripped).empty());
+    ASSERT_TRUE(rebar.InsertToolbar(indented, TRUE, TRUE, 0));
+    EXPECT_EQ(indentedStyle, indented.GetWindowStyle());
+    // Wine's toolbar does not show the indent in its button rectangles.
+    const std::vector<Spy::Sent> indents = spy.SentTo(indented);
+    ASSERT_EQ(1u, indents.size());
+    EXPECT_EQ(static_cast<UINT>(TB_SETINDENT), indents[0].msg);
+    EXPECT_EQ(4u, indents[0].wParam);
+    // Left where the rebar put it: not sent to the bottom.
+    EXPECT_NE(indented.GetHwnd(), LastChild(rebar));
+
+    const std::vector<Spy::Sent> sent = spy.SentTo(rebar);
+    ASSERT_EQ(2u, sent.size());
+    EXPECT_EQ(kBandMask, sent[0].band.fMask);
+    EXPECT_EQ(kBandMask, sent[1].band.fMask);
+    EXPECT_EQ(0u, sent[1].wParam);
+    const REBARBANDINFOW first = BandInfo(rebar, 0), second = BandInfo(rebar, 1);
+    EXPECT_EQ(indented.GetHwnd(), first.hwndChild);
+    EXPECT_EQ(static_cast<UINT>(RBBS_CHILDEDGE | RBBS_NOGRIPPER | RBBS_BREAK), first.fStyle);
+    EXPECT_EQ(indentedSize, CSize(first.cxMinChild, first.cyMinChild));
+    EXPECT_EQ(gripped.GetHwnd(), second.hwndChild);
+    EXPECT_EQ(static_cast<UINT>(RBBS_CHILDEDGE), second.fStyle);
+    EXPECT_EQ(grippedSize, CSize(second.cxMinChild, second.cyMinChild));
+}
+
+TEST(Rebar, MinWidthIsTheWidestBandWithItsBorders) {
+    CWnd parent;
+    ASSERT_NE(nullptr, parent.Create());
+    CRebar rebar;
+    ASSERT_NE(nullptr, rebar.Create(&parent));
+    CWnd narrow, widest, middle;
+    for (auto [child, cx] : {std::pair<CWnd*, int>{&narrow, 40}, {&widest, 150}, {&middle, 70}})
+        ASSERT_NE(nullptr, child->CreateEx(0, L"Static", nullptr, WS_CHILD, 0, 0, cx, 20, &rebar, nullptr));
+    ASSERT_TRUE(rebar.Insert(narrow, nullptr, FALSE, TRUE));
+    ASSERT_TRUE(rebar.Insert(widest, L"Widest", FALSE, FALSE));
+    ASSERT_TRUE(rebar.Insert(middle, L"Middle", TRUE, FALSE));
+
+    // From what the control reports; margins it does not report are zero.
+    MARGINS margins = {0, 0, 0, 0};
+    rebar.SendMessageW(RB_GETBANDMARGINS, 0, reinterpret_cast<LPARAM>(&margins));
+    int expected = 0;
+    for (int i = 0; i < 3; ++i) {
+        RECT borders = {};
+        rebar.SendMessageW(RB_GETBANDBORDERS, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&borders));
+        const int width = margins.cxLeftWidth + margins.cxRightWidth + static_cast<int>(BandInfo(rebar, i).cxMinChild) +
+                          2 * std::abs(static_cast<int>(borders.right - borders.left));
+        expected = width > expected ? width : expected;
+    }
+    EXPECT_GT(expected, 150);
+    EXPECT_EQ(expected, rebar.GetMinWidth());
 }

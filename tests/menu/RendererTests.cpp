@@ -121,6 +121,10 @@ TEST(CoolMenuIcons, BuiltInDocumentsAsShipped) {
 }
 
 TEST_F(RendererTest, ClassicMetricsFollowTheWindowsDpi) {
+    // The harness runs this program at 96 and at 144 DPI.
+    if (const char* expected = std::getenv("VELKAN_TEST_DPI")) {
+        EXPECT_EQ(std::atoi(expected), dpi);
+    }
     CCoolMenuItemRenderer classic;
     EXPECT_EQ(0, classic.GetGap());
     classic.OnSettingChange(wnd);
