@@ -91,6 +91,14 @@ def main(folder):
     colours = [(255, 0, 0, 255), (0, 255, 0, 255), (0, 0, 255, 255), (255, 255, 255, 255)]
     png(os.path.join(folder, "colours.png"), 4, 1, lambda x, y: colours[x])
     ico(os.path.join(folder, "alpha.ico"), 16, lambda x, y: (0, 0, 255, 255) if y < 8 else (255, 0, 0, 64))
+    # Sixteen toolbar buttons at 16 and 32 pixels, for the benchmarks.
+    bmp(os.path.join(folder, "toolbar16.bmp"), 256, 16, 24, lambda x, y: STRIP[(x // 16) % len(STRIP)])
+    bmp(os.path.join(folder, "toolbar32.bmp"), 512, 32, 24, lambda x, y: STRIP[(x // 32) % len(STRIP)])
+    with open(os.path.join(folder, "toolbar.svg"), "w") as f:
+        f.write('<svg xmlns="http://www.w3.org/2000/svg" width="256" height="16">'
+                + "".join('<circle cx="%d" cy="8" r="6" fill="currentColor"/><rect x="%d" y="2" width="4" height="12"/>'
+                          % (16 * i + 8, 16 * i + 2) for i in range(16))
+                + "</svg>")
     with open(os.path.join(folder, "strip.svg"), "w") as f:
         f.write('<svg xmlns="http://www.w3.org/2000/svg" width="64" height="16">'
                 + "".join('<rect x="%d" y="0" width="16" height="16" fill="currentColor"/>' % (16 * i)
