@@ -42,3 +42,7 @@
 #include "velkan/menu/RecentFileList.h"
 #include "velkan/frame/Toolbar.h"
 #include "velkan/frame/Rebar.h"
+#include "velkan/frame/StatusBar.h"
+#include "velkan/frame/FrameWndEx.h"
+#include "velkan/frame/PaletteWnd.h"
+#include "velkan/frame/SplitterWnd.h"

@@ -21,39 +21,42 @@ bool PngEncoder(CLSID& clsid) {
     return false;
 }
 
-// Copies width x height pixels at (x, y) of the DC into a PNG file.
-bool SavePng(HDC source, int x, int y, int width, int height, const wchar_t* path) {
-    HDC memory = ::CreateCompatibleDC(source);
-    HBITMAP bitmap = ::CreateCompatibleBitmap(source, width, height);
-    HGDIOBJ old = ::SelectObject(memory, bitmap);
-    ::BitBlt(memory, 0, 0, width, height, source, x, y, SRCCOPY);
-    ::SelectObject(memory, old);
-    ::DeleteDC(memory);
-
-    bool saved = false;
+bool SaveBitmapPng(HBITMAP bitmap, const wchar_t* path) {
     CLSID png;
-    if (PngEncoder(png)) {
-        Gdiplus::Bitmap image(bitmap, nullptr);
-        saved = image.Save(path, &png, nullptr) == Gdiplus::Ok;
-    }
-    ::DeleteObject(bitmap);
-    return saved;
+    if (!PngEncoder(png)) return false;
+    Gdiplus::Bitmap image(bitmap, nullptr);
+    return image.Save(path, &png, nullptr) == Gdiplus::Ok;
 }
 
 }  // namespace
 
 bool SaveWindowPng(HWND hwnd, const wchar_t* path) {
-    RECT rect;
-    ::GetWindowRect(hwnd, &rect);
-    HDC window = ::GetWindowDC(hwnd);
-    const bool saved = SavePng(window, 0, 0, rect.right - rect.left, rect.bottom - rect.top, path);
-    ::ReleaseDC(hwnd, window);
-    return saved;
+    return SaveWindowsPng({hwnd}, path);
 }
 
-bool SaveScreenPng(const RECT& rect, const wchar_t* path) {
+bool SaveWindowsPng(const std::vector<HWND>& windows, const wchar_t* path) {
+    RECT all = {0, 0, 0, 0};
+    for (HWND hwnd : windows) {
+        RECT rect;
+        ::GetWindowRect(hwnd, &rect);
+        ::UnionRect(&all, &all, &rect);
+    }
     HDC screen = ::GetDC(nullptr);
-    const bool saved = SavePng(screen, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top, path);
+    HDC memory = ::CreateCompatibleDC(screen);
+    HBITMAP bitmap = ::CreateCompatibleBitmap(screen, all.right - all.left, all.bottom - all.top);
     ::ReleaseDC(nullptr, screen);
+    HGDIOBJ old = ::SelectObject(memory, bitmap);
+    for (HWND hwnd : windows) {
+        RECT rect;
+        ::GetWindowRect(hwnd, &rect);
+        HDC window = ::GetWindowDC(hwnd);
+        ::BitBlt(memory, rect.left - all.left, rect.top - all.top, rect.right - rect.left, rect.bottom - rect.top,
+                 window, 0, 0, SRCCOPY);
+        ::ReleaseDC(hwnd, window);
+    }
+    ::SelectObject(memory, old);
+    ::DeleteDC(memory);
+    const bool saved = SaveBitmapPng(bitmap, path);
+    ::DeleteObject(bitmap);
     return saved;
 }

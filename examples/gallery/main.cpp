@@ -8,7 +8,7 @@
 #include <cwchar>
 #include <cwctype>
 
-#include "GalleryWnd.h"
+#include "GalleryFrame.h"
 #include "resource.h"
 
 using namespace Velkan;
@@ -37,7 +37,7 @@ int wmain(int argc, wchar_t** argv) {
         return 0;
     }
 
-    GalleryWnd window;
+    GalleryFrame window;
     if (screenshot != nullptr) window.SetScreenshotPath(screenshot);
     window.SetOpenMenu(openMenu);
     window.SetMenuLook(look);

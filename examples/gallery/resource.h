@@ -4,18 +4,24 @@
 #define IDS_COMPANY 0xE002
 #define IDS_TITLE 100
 #define IDS_ALREADY_RUNNING 101
+#define IDS_READY 102
 #define IDS_ICON_STRIP 200
+#define IDB_TOOLBAR16 201
+#define IDB_TOOLBAR32 202
 #define IDR_MAINMENU 300
 
-// Commands; their strings are "status-bar help\ntooltip".
-#define ID_FILE_NEW 1001
-#define ID_FILE_OPEN 1002
-#define ID_FILE_SAVE 1003
-#define ID_FILE_RECENT 1004
-#define ID_FILE_EXIT 1005
-#define ID_VIEW_TOOLBAR 1101
-#define ID_VIEW_STATUSBAR 1102
-#define ID_LOOK_CLASSIC 1201
-#define ID_LOOK_THEMED 1202
-#define ID_LOOK_VISUAL 1203
-#define ID_HELP_ABOUT 1301
+// Commands; their strings are "status-bar help\ntooltip". Help strings
+// belong to ids from 40000 on.
+#define ID_FILE_NEW 40001
+#define ID_FILE_OPEN 40002
+#define ID_FILE_SAVE 40003
+#define ID_FILE_RECENT 40004
+#define ID_FILE_EXIT 40005
+#define ID_VIEW_PALETTE 40101
+#define ID_LOOK_CLASSIC 40201
+#define ID_LOOK_THEMED 40202
+#define ID_LOOK_VISUAL 40203
+#define ID_HELP_ABOUT 40301
+// The frame's own commands: toggle the rebar and the status bar.
+#define ID_VIEW_REBAR 0xE800
+#define ID_VIEW_STATUSBAR 0xE801

@@ -7,6 +7,7 @@
 #include "AppChild.h"
 #include "WindowTestSupport.h"
 #include "velkan/app/App.h"
+#include "velkan/frame/FrameWndEx.h"
 #include "velkan/app/Wnd.h"
 
 using namespace Velkan;
@@ -261,15 +262,26 @@ TEST_F(AppTest, PumpMessageOffersKeysToTheTargetAndItsAncestorsFirst) {
     ::DestroyWindow(child);
 }
 
+namespace {
+
+// A main frame that ends the loop at its first timer.
+class TimerFrame : public CFrameWndEx {
+public:
+    TimerFrame() : CFrameWndEx(L"VelkanLoopTestFrame") {}
+    BOOL WndProc(UINT msg, WPARAM w, LPARAM l, LRESULT& r) override {
+        if (msg == WM_TIMER) ::PostQuitMessage(0);
+        return CFrameWndEx::WndProc(msg, w, l, r);
+    }
+};
+
+}  // namespace
+
 TEST_F(AppTest, TheLoopFreesTemporariesWhenIdleAndEndsAtWmQuit) {
     CApp app;
-    ProbeWnd main;
-    Testing::CreateProbe(main);
-    main.wndProc = [](UINT msg, WPARAM, LPARAM, LRESULT&) {
-        if (msg == WM_TIMER) ::PostQuitMessage(0);
-        return FALSE;
-    };
+    TimerFrame main;
+    ASSERT_NE(nullptr, main.Create());
     HWND foreign = Testing::CreatePlainWindow();
+    CWnd::CleanUpTempObjects();
     CWnd::FromHwnd(foreign);
     EXPECT_EQ(1u, std::get<0>(CWnd::GetContextInfo()));
 
@@ -293,6 +305,10 @@ TEST_F(AppTest, TheLoopFreesTemporariesWhenIdleAndEndsAtWmQuit) {
     app.PumpMessage(msg, main, nullptr);
     EXPECT_EQ(0u, std::get<0>(CWnd::GetContextInfo()));
     ::DestroyWindow(foreign);
+    // The frame's death posts WM_QUIT; it must not end a later loop.
+    main.Destroy();
+    MSG quit;
+    EXPECT_TRUE(::PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
 }
 
 TEST(AppModeless, TheActiveModelessDialogBelongsToItsThread) {

@@ -12,6 +12,7 @@
 
 #include "velkan/app/Wnd.h"
 #include "velkan/dialog/Dialog.h"
+#include "velkan/frame/FrameWndEx.h"
 #include "velkan/gfx/DC.h"
 #include "velkan/gfx/GdiObject.h"
 #include "velkan/gfx/Icon.h"
@@ -133,8 +134,8 @@ void CApp::RunLoop(CDialog& dialog) {
     Loop(dialog, nullptr);
 }
 
-void CApp::RunLoop(CWnd& mainWindow, HACCEL accelerators) {
-    Loop(mainWindow, accelerators);
+void CApp::RunLoop(CFrameWndEx& frame) {
+    Loop(frame, frame.GetAcceleratorTable());
 }
 
 void CApp::Loop(CWnd& mainWindow, HACCEL accelerators) {

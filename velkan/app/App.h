@@ -13,6 +13,7 @@ namespace Velkan {
 
 class CWnd;
 class CDialog;
+class CFrameWndEx;
 
 // The one application object of a process. Its constructor starts GDI+,
 // the common controls and COM, probes the system, reads the registry keys
@@ -34,8 +35,9 @@ public:
     virtual BOOL PreTranslateMessage(MSG& msg);
     // Runs until WM_QUIT with a dialog as the main window, no accelerators.
     virtual void RunLoop(CDialog& dialog);
-    // Runs until WM_QUIT with the main window's accelerators.
-    virtual void RunLoop(CWnd& mainWindow, HACCEL accelerators = nullptr);
+    // Runs until WM_QUIT (the frame posts it when it dies) with the frame's
+    // accelerator table.
+    virtual void RunLoop(CFrameWndEx& frame);
     virtual void PumpMessage(MSG& msg, CWnd& window, HACCEL accelerators);
     // Idle work: frees the calling thread's temporary wrapper objects.
     virtual void CleanUpTempObjects();

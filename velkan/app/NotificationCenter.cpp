@@ -39,7 +39,7 @@ BOOL CNotificationCenter::RemoveObserver(LPCWSTR name, IObservable& observer) {
     return TRUE;
 }
 
-void CNotificationCenter::PostNotification(LPCWSTR name, IObservable* sender, DWORD data) {
+void CNotificationCenter::PostNotification(LPCWSTR name, IObservable* sender, DWORD_PTR data) {
     CNotification notification(name, sender, data);
     PostNotification(notification);
 }

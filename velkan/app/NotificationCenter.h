@@ -31,16 +31,16 @@ protected:
 class CNotification {
 public:
     CNotification() = default;
-    CNotification(LPCWSTR name, IObservable* sender, DWORD data) : m_name(name), m_sender(sender), m_data(data) {}
+    CNotification(LPCWSTR name, IObservable* sender, DWORD_PTR data) : m_name(name), m_sender(sender), m_data(data) {}
 
     LPCWSTR GetName() const { return m_name; }
     IObservable* GetSender() const { return m_sender; }
-    DWORD GetData() const { return m_data; }
+    DWORD_PTR GetData() const { return m_data; }
 
 private:
     LPCWSTR m_name = nullptr;
     IObservable* m_sender = nullptr;
-    DWORD m_data = 0;
+    DWORD_PTR m_data = 0;  // as wide as a pointer: senders pass addresses
 };
 
 // Named publish/subscribe on the user-interface thread, without locks.
@@ -65,7 +65,7 @@ public:
     virtual void RemoveObserver(IObservable& observer);
     // FALSE when the observer was not registered under the name.
     virtual BOOL RemoveObserver(LPCWSTR name, IObservable& observer);
-    virtual void PostNotification(LPCWSTR name, IObservable* sender, DWORD data);
+    virtual void PostNotification(LPCWSTR name, IObservable* sender, DWORD_PTR data);
     virtual void PostNotification(CNotification& notification);
 
 protected:

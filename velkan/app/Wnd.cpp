@@ -233,7 +233,7 @@ void CWnd::ResetCWnd() {
 
 void CWnd::OnNotify(CNotification&) {}
 
-void CWnd::PostNotification(LPCWSTR name, DWORD data) {
+void CWnd::PostNotification(LPCWSTR name, DWORD_PTR data) {
     CNotificationCenter::GetDefault().PostNotification(name, this, data);
 }
 

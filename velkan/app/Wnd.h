@@ -96,7 +96,7 @@ public:
     virtual void SubclassDlgItem(UINT id, CWnd* parent);
     virtual BOOL RegisterWndClass(WNDCLASSEXW& wc);
     virtual void AutoResizeWindow(const CSize& newParentSize);
-    virtual void PostNotification(LPCWSTR name, DWORD data);
+    virtual void PostNotification(LPCWSTR name, DWORD_PTR data);
     virtual void RegisterForNotification(LPCWSTR name);
     virtual void UnregisterForNotification(LPCWSTR name);
     virtual void UnregisterForAllNotifications();
