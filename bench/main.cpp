@@ -2,12 +2,13 @@
 // baseline doing the same work in the same run.
 //
 //   velkan_bench.exe [GROUP...]   all groups, or only the named ones
-//                                 (string, core, http, gfx, wnd, menu)
+//                                 (string, core, http, gfx, wnd, menu, frame)
 #include <cstdio>
 #include <cstring>
 
 #include "Harness.h"
 #include "CoreBench.h"
+#include "FrameBench.h"
 #include "GfxBench.h"
 #include "HttpBench.h"
 #include "MenuBench.h"
@@ -24,6 +25,7 @@ int main(int argc, char** argv)
         {"string", &Bench::RunStringBenchmarks}, {"core", &Bench::RunCoreBenchmarks},
         {"http", &Bench::RunHttpBenchmarks},     {"gfx", &Bench::RunGfxBenchmarks},
         {"wnd", &Bench::RunWndBenchmarks},       {"menu", &Bench::RunMenuBenchmarks},
+        {"frame", &Bench::RunFrameBenchmarks},
     };
     Bench::Suite suite;
     for (const Group& group : groups) {

@@ -62,10 +62,10 @@ void GalleryFrame::OnCreate() {
     AddToolbar(m_fileToolbar, FALSE);
     m_looksManager.AddToolbar(m_fileToolbar);
 
-    CBitmapBundle looks({IDB_TOOLBAR16, IDB_TOOLBAR32});
+    CBitmapBundle looks({IDB_TOOLBAR24, IDB_TOOLBAR48});
     TBBUTTON lookButtons[] = {Button(0, ID_LOOK_CLASSIC), Button(1, ID_LOOK_THEMED), Button(2, ID_LOOK_VISUAL),
                               Button(3, ID_VIEW_PALETTE)};
-    m_lookToolbar.Create(this, looks, lookButtons, 4, 16);
+    m_lookToolbar.Create(this, looks, lookButtons, 4, 24);
     AddToolbar(m_lookToolbar, FALSE);
     m_looksManager.AddToolbar(m_lookToolbar);
 

@@ -1,5 +1,7 @@
-"""Writes the gallery's toolbar bitmaps: four 16 x 16 cells and the same at
-32 x 32, one shape each on a magenta (transparent) background.
+"""Writes the gallery's toolbar bitmaps: four 24 x 24 cells and the same at
+48 x 48, one shape each on a magenta (transparent) background. They match
+the SVG toolbar's 24-pixel icons: the menus take all command images at the
+first toolbar's size.
 
 Usage: make_art.py FOLDER
 """
@@ -46,8 +48,8 @@ def write_bmp(path, cell):
 
 def main(folder):
     os.makedirs(folder, exist_ok=True)
-    write_bmp(os.path.join(folder, "toolbar16.bmp"), 16)
-    write_bmp(os.path.join(folder, "toolbar32.bmp"), 32)
+    write_bmp(os.path.join(folder, "toolbar24.bmp"), 24)
+    write_bmp(os.path.join(folder, "toolbar48.bmp"), 48)
 
 
 if __name__ == "__main__":

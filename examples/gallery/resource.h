@@ -6,8 +6,8 @@
 #define IDS_ALREADY_RUNNING 101
 #define IDS_READY 102
 #define IDS_ICON_STRIP 200
-#define IDB_TOOLBAR16 201
-#define IDB_TOOLBAR32 202
+#define IDB_TOOLBAR24 201
+#define IDB_TOOLBAR48 202
 #define IDR_MAINMENU 300
 
 // Commands; their strings are "status-bar help\ntooltip". Help strings

@@ -10,8 +10,10 @@ LRESULT CALLBACK CWnd::StaticWndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM 
     LRESULT result = 0;
     CWnd* wnd = GetContext().Find(hwnd);
     if (wnd == nullptr) {
-        // The first message of a window that this thread is creating.
+        // The first message of a window that this thread is creating. A
+        // window of our class made without an object gets default handling.
         wnd = TieWndBeingCreated(hwnd);
+        if (wnd == nullptr) return ::DefWindowProcW(hwnd, msg, wParam, lParam);
         if (wnd->m_subclass &&
             reinterpret_cast<WNDPROC>(::GetWindowLongPtrW(hwnd, GWLP_WNDPROC)) != &CWnd::StaticWndProc) {
             wnd->InstallStaticWndProc();

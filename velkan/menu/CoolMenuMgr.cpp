@@ -1,5 +1,7 @@
 #include "velkan/menu/CoolMenuMgr.h"
 
+#include <cstdint>
+#include <cstring>
 #include <cwctype>
 
 #include "velkan/core/Exceptions.h"
@@ -274,23 +276,103 @@ void CCoolMenuMgr::AddToolbar(const CToolbar& toolbar) {
         const CSize icon = list->GetIconSize();
         m_imageList.Attach(::ImageList_Create(icon.cx, icon.cy, ILC_COLOR32 | ILC_MASK, 0, 10));
     }
+    // The commands to import, in button order; the first toolbar to
+    // register a command keeps its image.
+    std::vector<std::pair<UINT, int>> imports;
     const int count = toolbar.GetButtonCount();
     for (int i = 0; i < count; ++i) {
         TBBUTTON button = {};
         if (!toolbar.GetButton(i, button)) continue;
         const UINT id = static_cast<UINT>(button.idCommand);
         if (id == 0 || m_commandImages.count(id) != 0) continue;
-        HICON icon = list->GetIcon(button.iBitmap, ILD_TRANSPARENT);
-        if (icon == nullptr) continue;
-        ICONINFO info = {};
-        if (::GetIconInfo(icon, &info)) {
-            const int index = m_imageList.Add(info.hbmColor, info.hbmMask);
-            if (index >= 0) m_commandImages[id] = index;
-            if (info.hbmColor != nullptr) ::DeleteObject(info.hbmColor);
-            if (info.hbmMask != nullptr) ::DeleteObject(info.hbmMask);
-        }
-        ::DestroyIcon(icon);
+        bool listed = false;
+        for (const auto& import : imports) listed = listed || import.first == id;
+        if (!listed) imports.emplace_back(id, button.iBitmap);
     }
+    if (imports.empty()) return;
+    if (list->GetIconSize() == m_imageList.GetIconSize() && AddImagesAsStrip(*list, imports)) return;
+    for (const auto& import : imports) AddImageAsIcon(*list, import.first, import.second);
+}
+
+BOOL CCoolMenuMgr::AddImagesAsStrip(const CImageList& list, const std::vector<std::pair<UINT, int>>& imports) {
+    // One strip of images and one of masks, read cell by cell from the
+    // toolbar's own bitmaps and added in one call: the same pictures the
+    // toolbar's icons would give, without making an icon per button. The
+    // list keeps its bitmaps selected in its own DCs, so they are read with
+    // GetDIBits rather than blitted.
+    const CSize icon = m_imageList.GetIconSize();
+    const int n = static_cast<int>(imports.size());
+    IMAGEINFO first = {};
+    if (!::ImageList_GetImageInfo(list, imports.front().second, &first) || first.hbmImage == nullptr) return FALSE;
+    BITMAP source = {};
+    if (::GetObjectW(first.hbmImage, sizeof(source), &source) != sizeof(source)) return FALSE;
+
+    // The whole source bitmap, top-down, as 32-bit pixels and as mask bits.
+    const int width = source.bmWidth, height = source.bmHeight;
+    std::vector<uint32_t> pixels(static_cast<size_t>(width) * static_cast<size_t>(height));
+    BITMAPINFO info = {};
+    info.bmiHeader = {sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    HDC screen = ::GetDC(nullptr);
+    BOOL ok = ::GetDIBits(screen, first.hbmImage, 0, static_cast<UINT>(height), pixels.data(), &info,
+                          DIB_RGB_COLORS) == height;
+    std::vector<uint32_t> maskPixels;
+    if (ok && first.hbmMask != nullptr) {
+        maskPixels.resize(pixels.size());
+        BITMAPINFO maskInfo = info;
+        ok = ::GetDIBits(screen, first.hbmMask, 0, static_cast<UINT>(height), maskPixels.data(), &maskInfo,
+                         DIB_RGB_COLORS) == height;
+    }
+    ::ReleaseDC(nullptr, screen);
+    if (!ok) return FALSE;
+
+    BITMAPINFO stripInfo = {};
+    stripInfo.bmiHeader = {sizeof(BITMAPINFOHEADER), icon.cx * n, -icon.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    void* colourBits = nullptr;
+    void* maskBits = nullptr;
+    HBITMAP colours = ::CreateDIBSection(nullptr, &stripInfo, DIB_RGB_COLORS, &colourBits, nullptr, 0);
+    HBITMAP masks = maskPixels.empty() ? nullptr
+                                       : ::CreateDIBSection(nullptr, &stripInfo, DIB_RGB_COLORS, &maskBits, nullptr, 0);
+    ok = colours != nullptr && (maskPixels.empty() || masks != nullptr);
+    for (int i = 0; ok && i < n; ++i) {
+        IMAGEINFO image = {};
+        ok = ::ImageList_GetImageInfo(list, imports[static_cast<size_t>(i)].second, &image) &&
+             image.hbmImage == first.hbmImage;
+        if (!ok) break;
+        for (int y = 0; y < icon.cy; ++y) {
+            const size_t from = static_cast<size_t>(image.rcImage.top + y) * static_cast<size_t>(width) +
+                                static_cast<size_t>(image.rcImage.left);
+            const size_t to = static_cast<size_t>(y) * static_cast<size_t>(icon.cx * n) + static_cast<size_t>(i * icon.cx);
+            std::memcpy(static_cast<uint32_t*>(colourBits) + to, pixels.data() + from,
+                        static_cast<size_t>(icon.cx) * sizeof(uint32_t));
+            if (masks != nullptr)
+                std::memcpy(static_cast<uint32_t*>(maskBits) + to, maskPixels.data() + from,
+                            static_cast<size_t>(icon.cx) * sizeof(uint32_t));
+        }
+    }
+    int index = -1;
+    if (ok) {
+        ::GdiFlush();
+        // A 32-bit mask is turned into a monochrome one by the list.
+        index = m_imageList.Add(colours, masks);
+    }
+    if (colours != nullptr) ::DeleteObject(colours);
+    if (masks != nullptr) ::DeleteObject(masks);
+    if (index < 0) return FALSE;
+    for (int i = 0; i < n; ++i) m_commandImages[imports[static_cast<size_t>(i)].first] = index + i;
+    return TRUE;
+}
+
+void CCoolMenuMgr::AddImageAsIcon(const CImageList& list, UINT id, int image) {
+    HICON icon = list.GetIcon(image, ILD_TRANSPARENT);
+    if (icon == nullptr) return;
+    ICONINFO info = {};
+    if (::GetIconInfo(icon, &info)) {
+        const int index = m_imageList.Add(info.hbmColor, info.hbmMask);
+        if (index >= 0) m_commandImages[id] = index;
+        if (info.hbmColor != nullptr) ::DeleteObject(info.hbmColor);
+        if (info.hbmMask != nullptr) ::DeleteObject(info.hbmMask);
+    }
+    ::DestroyIcon(icon);
 }
 
 BOOL CCoolMenuMgr::AddMaskedMenuButton(HBITMAP bitmap, COLORREF mask, UINT commandId) {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "velkan/app/Wnd.h"
@@ -77,6 +78,11 @@ protected:
     void OnSettingChange(CWnd& wnd);
 
 private:
+    // Imports the images of (command, image index) pairs in one strip of
+    // the same icon size; FALSE when the list's bitmaps cannot be read.
+    BOOL AddImagesAsStrip(const CImageList& list, const std::vector<std::pair<UINT, int>>& imports);
+    // Imports one image through an icon, for lists of another icon size.
+    void AddImageAsIcon(const CImageList& list, UINT id, int image);
     ItemRecord* NewRecord();
     static ItemRecord* AsWritableRecord(ULONG_PTR data);
     static std::unordered_set<HMENU> EmptyMenuSet();
