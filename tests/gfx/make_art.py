@@ -91,6 +91,9 @@ def main(folder):
     colours = [(255, 0, 0, 255), (0, 255, 0, 255), (0, 0, 255, 255), (255, 255, 255, 255)]
     png(os.path.join(folder, "colours.png"), 4, 1, lambda x, y: colours[x])
     ico(os.path.join(folder, "alpha.ico"), 16, lambda x, y: (0, 0, 255, 255) if y < 8 else (255, 0, 0, 64))
+    # Three 20-pixel cells, red, green and blue, for PNG toolbars.
+    rgb = [(255, 0, 0, 255), (0, 255, 0, 255), (0, 0, 255, 255)]
+    png(os.path.join(folder, "strip20.png"), 60, 20, lambda x, y: rgb[x // 20])
     # Sixteen toolbar buttons at 16 and 32 pixels, for the benchmarks.
     bmp(os.path.join(folder, "toolbar16.bmp"), 256, 16, 24, lambda x, y: STRIP[(x // 16) % len(STRIP)])
     bmp(os.path.join(folder, "toolbar32.bmp"), 512, 32, 24, lambda x, y: STRIP[(x // 32) % len(STRIP)])
