@@ -1,17 +1,16 @@
 #pragma once
 
-#include "velkan/app/Wnd.h"
+#include "velkan/controls/Control.h"
 
 namespace Velkan {
 
 // A scroll bar control ("SCROLLBAR"), either a bar of its own or the size
 // box that resizable windows show in their lower right corner.
-class VELKAN_API CScrollbar : public CWnd {
+class VELKAN_API CScrollbar : public CControl {
 public:
-    CScrollbar() = default;
+    CScrollbar() : CControl(WC_SCROLLBARW) {}
 
-    // A horizontal or vertical bar (SBS_HORZ or SBS_VERT in style).
-    HWND Create(CWnd& parent, UINT id, const RECT& rect, DWORD style = SBS_HORZ);
+    using CControl::Create;
     // A size-box bar with the gripper look, as large as the system's scroll
     // bar arrows and placed in parent's lower right
     // client corner. Anchor it right and bottom to keep it there.
