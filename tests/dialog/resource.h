@@ -22,3 +22,11 @@
 #define IDS_RADIO 203
 #define IDS_INSTRUCTION_FORMAT 204
 #define IDS_TITLE 205
+
+// Property sheet and wizard pages, and the wizard's watermark.
+#define IDD_PAGE_ONE 1100
+#define IDD_PAGE_TWO 1101
+#define IDD_PAGE_THREE 1102
+#define IDB_WATERMARK 1110
+#define IDS_SHEET_CAPTION 206
+#define IDS_FILTER_TEXT 207
