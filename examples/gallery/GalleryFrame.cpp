@@ -2,6 +2,7 @@
 
 #include <cwchar>
 
+#include "GalleryDialogs.h"
 #include "Screenshot.h"
 #include "resource.h"
 
@@ -11,6 +12,7 @@ namespace {
 
 const UINT_PTR kScreenshotTimer = 1;
 const UINT_PTR kOpenMenuTimer = 2;
+const UINT_PTR kOpenDialogTimer = 3;
 
 TBBUTTON Button(int image, int command) {
     TBBUTTON button = {};
@@ -69,16 +71,12 @@ void GalleryFrame::OnCreate() {
     AddToolbar(m_lookToolbar, FALSE);
     m_looksManager.AddToolbar(m_lookToolbar);
 
-    // The view: the showcase above, notes below.
+    // The view: the showcase above, the controls below.
     m_splitter.Create(this);
     m_view.Create(&m_splitter);
-    m_notes.CreateEx(WS_EX_CLIENTEDGE, L"EDIT",
-                     L"Velkan Gallery: the menus, bars, palette and view of this window are library classes.\r\n"
-                     L"Switch the menu look in the View menu or with the second toolbar.",
-                     WS_CHILD | WS_VISIBLE | ES_MULTILINE | ES_READONLY, 0, 0, 10, 10, &m_splitter, nullptr);
-    m_notes.SetFont(static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT)));
+    m_controls.Create(&m_splitter);
     m_splitter.AddPane(&m_view, MulDivDpi(200), 100000);
-    m_splitter.AddPane(&m_notes, MulDivDpi(48), MulDivDpi(80));
+    m_splitter.AddPane(&m_controls, MulDivDpi(120), MulDivDpi(400));
     SetView(&m_splitter);
 
     ShowStatusParts();
@@ -92,7 +90,12 @@ void GalleryFrame::OnCreate() {
     AddPaletteWindow(m_palette);
     RegisterForNotification(CPaletteWnd::ClosedNotification);
 
-    if (!m_screenshotPath.IsNullOrEmpty()) SetTimer(m_openMenu >= 0 ? kOpenMenuTimer : kScreenshotTimer, 600);
+    if (!m_screenshotPath.IsNullOrEmpty()) {
+        if (m_openDialog != 0)
+            SetTimer(kOpenDialogTimer, 600);
+        else
+            SetTimer(m_openMenu >= 0 ? kOpenMenuTimer : kScreenshotTimer, 600);
+    }
 }
 
 void GalleryFrame::ShowStatusParts() {
@@ -143,7 +146,11 @@ BOOL GalleryFrame::OnCommand(UINT wParam, LPARAM lParam) {
     case ID_FILE_EXIT:
         DestroyWindow();
         return TRUE;
+    case IDC_LINK:
+        GetStatusBar().SetPartText(0, m_controls.GetMessageText());
+        return TRUE;
     default:
+        if (RunDialog(LOWORD(wParam))) return TRUE;
         return CFrameWndEx::OnCommand(wParam, lParam);
     }
 }
@@ -154,17 +161,25 @@ void GalleryFrame::SaveScreenshot() {
     HWND popup = nullptr;
     ::EnumThreadWindows(::GetCurrentThreadId(), &FindOpenPopup, reinterpret_cast<LPARAM>(&popup));
     if (popup != nullptr) windows.push_back(popup);
+    // A dialog the screenshot was taken for: on top, and then ended.
+    HWND dialog = ::GetLastActivePopup(GetHwnd());
+    if (m_openDialog != 0 && dialog != GetHwnd() && dialog != m_palette.GetHwnd()) windows.push_back(dialog);
     m_screenshotSaved = SaveWindowsPng(windows, m_screenshotPath.GetString());
     ::EndMenu();
+    if (m_openDialog != 0 && dialog != GetHwnd()) ::PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
     PostMessageW(WM_CLOSE);
 }
 
 BOOL GalleryFrame::WndProc(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    if (msg != WM_TIMER || (wParam != kScreenshotTimer && wParam != kOpenMenuTimer))
+    if (msg != WM_TIMER || (wParam != kScreenshotTimer && wParam != kOpenMenuTimer && wParam != kOpenDialogTimer))
         return CFrameWndEx::WndProc(msg, wParam, lParam, result);
     KillTimer(wParam);
     if (wParam == kScreenshotTimer) {
         SaveScreenshot();
+    } else if (wParam == kOpenDialogTimer) {
+        // The dialog's modal loop runs inside; the screenshot timer fires in it.
+        SetTimer(kScreenshotTimer, 700);
+        RunDialog(m_openDialog);
     } else {
         // Drops the menu down as its mnemonic would; the menu's own loop
         // runs inside, and the screenshot timer fires in it.
@@ -175,5 +190,36 @@ BOOL GalleryFrame::WndProc(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT& resu
         SendMessageW(WM_SYSCOMMAND, SC_KEYMENU, amp != nullptr ? static_cast<LPARAM>(amp[1]) : 0);
     }
     result = 0;
+    return TRUE;
+}
+
+BOOL GalleryFrame::RunDialog(UINT command) {
+    CString line;
+    switch (command) {
+    case ID_DIALOG_SHEET:
+        line = GalleryDialogs::ShowPropertySheet(*this);
+        break;
+    case ID_DIALOG_WIZARD:
+        line = GalleryDialogs::ShowWizard(*this);
+        break;
+    case ID_DIALOG_OPEN:
+        line = GalleryDialogs::ShowOpenFiles(*this);
+        break;
+    case ID_DIALOG_SAVE:
+        line = GalleryDialogs::ShowSaveAs(*this);
+        break;
+    case ID_DIALOG_FOLDER:
+        line = GalleryDialogs::ShowFolderPicker(*this);
+        break;
+    case ID_DIALOG_MESSAGE:
+        line = GalleryDialogs::ShowMessageBox(*this);
+        break;
+    case ID_DIALOG_TASK:
+        line = GalleryDialogs::ShowTaskDialog(*this);
+        break;
+    default:
+        return FALSE;
+    }
+    if (IsWindow()) GetStatusBar().SetPartText(0, line);
     return TRUE;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ControlsPanel.h"
 #include "GalleryView.h"
 #include "MenuLooks.h"
 #include "velkan/Velkan.h"
@@ -17,6 +18,8 @@ public:
     void SetScreenshotPath(const wchar_t* path) { m_screenshotPath = path; }
     // The drop-down (0-based) to open for the screenshot; -1 for none.
     void SetOpenMenu(int index) { m_openMenu = index; }
+    // A Dialogs command to run for the screenshot, taken with the dialog up.
+    void SetOpenDialog(UINT command) { m_openDialog = command; }
     void SetMenuLook(MenuLooks::Look look) { m_looks.Select(look); }
     bool ScreenshotSaved() const { return m_screenshotSaved; }
     Velkan::CPaletteWnd& GetPalette() { return m_palette; }
@@ -34,6 +37,8 @@ private:
     void ShowStatusParts();
     // Saves the frame, its palette and any open drop-down, then closes.
     void SaveScreenshot();
+    // Runs a Dialogs command; FALSE for other commands.
+    BOOL RunDialog(UINT command);
 
     MenuLooks m_looks;
     Velkan::CCoolMenuMgr m_looksManager;
@@ -41,10 +46,11 @@ private:
     Velkan::CToolbar m_lookToolbar;
     Velkan::CSplitterWnd m_splitter;
     GalleryView m_view;
-    Velkan::CWnd m_notes;
+    ControlsPanel m_controls;
     Velkan::CPaletteWnd m_palette;
     SwatchView m_swatches;
     Velkan::CString m_screenshotPath;
     int m_openMenu = -1;
+    UINT m_openDialog = 0;
     bool m_screenshotSaved = false;
 };

@@ -46,10 +46,31 @@ def write_bmp(path, cell):
         f.write(header + colours + data)
 
 
+def write_watermark(path, width=164, height=314):
+    # The wizard's watermark: the library's blue, lighter towards the bottom,
+    # with a white band.
+    stride = (width * 3 + 3) & ~3
+    rows = []
+    for y in range(height - 1, -1, -1):
+        t = y / (height - 1)
+        colour = (int(20 + 60 * t), int(60 + 100 * t), int(120 + 100 * t))
+        row = bytearray()
+        for x in range(width):
+            r, g, b = (250, 250, 250) if 40 <= y < 48 else colour
+            row += bytes((b, g, r))
+        rows.append(bytes(row) + b"\0" * (stride - width * 3))
+    data = b"".join(rows)
+    header = struct.pack("<IiiHHIIiiII", 40, width, height, 1, 24, 0, len(data), 2835, 2835, 0, 0)
+    with open(path, "wb") as f:
+        f.write(b"BM" + struct.pack("<IHHI", 14 + len(header) + len(data), 0, 0, 14 + len(header)))
+        f.write(header + data)
+
+
 def main(folder):
     os.makedirs(folder, exist_ok=True)
     write_bmp(os.path.join(folder, "toolbar24.bmp"), 24)
     write_bmp(os.path.join(folder, "toolbar48.bmp"), 48)
+    write_watermark(os.path.join(folder, "watermark.bmp"))
 
 
 if __name__ == "__main__":

@@ -22,6 +22,28 @@
 #define ID_LOOK_THEMED 40202
 #define ID_LOOK_VISUAL 40203
 #define ID_HELP_ABOUT 40301
+#define ID_DIALOG_SHEET 40401
+#define ID_DIALOG_WIZARD 40402
+#define ID_DIALOG_OPEN 40403
+#define ID_DIALOG_SAVE 40404
+#define ID_DIALOG_FOLDER 40405
+#define ID_DIALOG_MESSAGE 40406
+#define ID_DIALOG_TASK 40407
+
+// Pages of the sheet and the wizard, and the controls panel.
+#define IDD_SHEET_GENERAL 500
+#define IDD_SHEET_VIEW 501
+#define IDD_WIZARD_WELCOME 502
+#define IDD_WIZARD_DETAILS 503
+#define IDC_NAME 510
+#define IDC_SHOW_GRID 511
+#define IDC_LIST 520
+#define IDC_TREE 521
+#define IDC_LINK 522
+#define IDC_PROGRESS 523
+#define IDC_EDIT 524
+#define IDC_COMBO 525
+#define IDB_WATERMARK 203
 // The frame's own commands: toggle the rebar and the status bar.
 #define ID_VIEW_REBAR 0xE800
 #define ID_VIEW_STATUSBAR 0xE801
