@@ -282,6 +282,16 @@ protected:
     static CWnd* TieWndBeingCreated(HWND hwnd);
     static BOOL FilterMessage(CWnd& wnd, UINT msg, WPARAM wParam, LPARAM lParam, LRESULT& result);
 
+    // Shared by the windows a dialog procedure drives. RouteDialogMessage
+    // runs filters, WndProc and DefaultWndProc with the results as the
+    // dialog manager wants them; the others are rows of their
+    // DefaultWndProc (TRUE when handled; answer is the procedure's result).
+    static INT_PTR RouteDialogMessage(CWnd& wnd, UINT msg, WPARAM wParam, LPARAM lParam);
+    LRESULT DialogPaint();
+    BOOL DialogEraseBkgnd(WPARAM hdc);
+    BOOL DialogNotify(WPARAM wParam, LPARAM lParam, LRESULT& answer);
+    BOOL DialogCommand(WPARAM wParam, LPARAM lParam);
+
     // Forgets the window: the table entry (if it is ours), notification
     // registrations, subclassing and layout state. Does not destroy.
     void ResetCWnd();

@@ -91,11 +91,7 @@ INT_PTR CALLBACK CDialog::StaticDlgProc(HWND hwnd, UINT msg, WPARAM wParam, LPAR
         wnd = TieWndBeingCreated(hwnd);
         if (wnd == nullptr) return FALSE;
     }
-    LRESULT result = 0;
-    if (FilterMessage(*wnd, msg, wParam, lParam, result)) return wnd->SetDialogMsgResult(msg, result);
-    result = 0;
-    if (wnd->WndProc(msg, wParam, lParam, result)) return wnd->SetDialogMsgResult(msg, result);
-    return wnd->DefaultWndProc(msg, wParam, lParam);
+    return RouteDialogMessage(*wnd, msg, wParam, lParam);
 }
 
 LRESULT CDialog::DefaultWndProc(UINT msg, WPARAM wParam, LPARAM lParam) {
@@ -107,29 +103,13 @@ LRESULT CDialog::DefaultWndProc(UINT msg, WPARAM wParam, LPARAM lParam) {
         if (m_modeless) CApp::SetActiveModelessDialog(LOWORD(wParam) != WA_INACTIVE ? m_hwnd : nullptr);
         break;
     case WM_PAINT:
-        // A subclassed dialog paints through its own procedure.
-        if (m_prevWndProc != nullptr) return TRUE;
-        if (::GetUpdateRect(m_hwnd, nullptr, FALSE)) {
-            CPaintDC dc(*this);
-            OnPaint(dc);
-        } else {
-            CClientDC dc(this);
-            OnPaint(dc);
-        }
-        return TRUE;
-    case WM_ERASEBKGND: {
-        CDC dc(reinterpret_cast<HDC>(wParam), CDC::PrivateToken());
-        if (OnEraseBkgnd(dc)) return TRUE;
+        return DialogPaint();
+    case WM_ERASEBKGND:
+        if (DialogEraseBkgnd(wParam)) return TRUE;
         break;
-    }
     case WM_NOTIFY: {
-        LRESULT result = 0;
-        const auto* header = reinterpret_cast<const NMHDR*>(lParam);
-        CWnd* sender = header != nullptr ? FindByHandle(header->hwndFrom) : nullptr;
-        if (sender != nullptr && sender->OnNotifyReflect(static_cast<UINT>(wParam), lParam, result))
-            return SetDialogMsgResult(WM_NOTIFY, result);
-        result = 0;
-        if (OnNotify(static_cast<UINT>(wParam), lParam, result)) return SetDialogMsgResult(WM_NOTIFY, result);
+        LRESULT answer = 0;
+        if (DialogNotify(wParam, lParam, answer)) return answer;
         break;
     }
     case WM_HELP:
@@ -159,12 +139,9 @@ LRESULT CDialog::DefaultWndProc(UINT msg, WPARAM wParam, LPARAM lParam) {
             // Escape and the close box arrive as IDCANCEL too.
             OnCancel();
             return TRUE;
-        default: {
-            CWnd* sender = FindByHandle(reinterpret_cast<HWND>(lParam));
-            if (sender != nullptr && sender->OnCommandReflect(static_cast<UINT>(wParam), lParam)) return TRUE;
-            if (OnCommand(static_cast<UINT>(wParam), lParam)) return TRUE;
+        default:
+            if (DialogCommand(wParam, lParam)) return TRUE;
             break;
-        }
         }
         break;
     case WM_SYSCOMMAND:

@@ -4,7 +4,6 @@
 #include "velkan/core/Resource.h"
 #include "velkan/core/detail/StructSize.h"
 #include "velkan/gfx/DC.h"
-#include "velkan/gfx/ScopedDC.h"
 
 namespace Velkan {
 
@@ -67,11 +66,7 @@ INT_PTR CALLBACK CPropertyPage::StaticDlgProc(HWND hwnd, UINT msg, WPARAM wParam
         AddToContext(hwnd, *page);
         wnd = page;
     }
-    LRESULT result = 0;
-    if (FilterMessage(*wnd, msg, wParam, lParam, result)) return wnd->SetDialogMsgResult(msg, result);
-    result = 0;
-    if (wnd->WndProc(msg, wParam, lParam, result)) return wnd->SetDialogMsgResult(msg, result);
-    return wnd->DefaultWndProc(msg, wParam, lParam);
+    return RouteDialogMessage(*wnd, msg, wParam, lParam);
 }
 
 UINT CALLBACK CPropertyPage::PspCallback(HWND, UINT msg, PROPSHEETPAGEW* record) {
@@ -99,39 +94,21 @@ LRESULT CPropertyPage::DefaultWndProc(UINT msg, WPARAM wParam, LPARAM lParam) {
     case WM_NOTIFY: {
         LRESULT result = 0;
         if (OnPsNotify(static_cast<UINT>(wParam), lParam, result)) return SetDialogMsgResult(WM_NOTIFY, result);
-        const auto* header = reinterpret_cast<const NMHDR*>(lParam);
-        CWnd* sender = header != nullptr ? FindByHandle(header->hwndFrom) : nullptr;
-        result = 0;
-        if (sender != nullptr && sender != this && sender->OnNotifyReflect(static_cast<UINT>(wParam), lParam, result))
-            return SetDialogMsgResult(WM_NOTIFY, result);
-        result = 0;
-        if (OnNotify(static_cast<UINT>(wParam), lParam, result)) return SetDialogMsgResult(WM_NOTIFY, result);
+        LRESULT answer = 0;
+        if (DialogNotify(wParam, lParam, answer)) return answer;
         break;
     }
-    case WM_COMMAND: {
-        CWnd* sender = FindByHandle(reinterpret_cast<HWND>(lParam));
-        if (sender != nullptr && sender->OnCommandReflect(static_cast<UINT>(wParam), lParam)) return TRUE;
-        if (OnCommand(static_cast<UINT>(wParam), lParam)) return TRUE;
+    case WM_COMMAND:
+        if (DialogCommand(wParam, lParam)) return TRUE;
         break;
-    }
     case WM_HELP:
         OnHelp(reinterpret_cast<HELPINFO*>(lParam));
         return TRUE;
     case WM_PAINT:
-        if (m_prevWndProc != nullptr) return TRUE;
-        if (::GetUpdateRect(m_hwnd, nullptr, FALSE)) {
-            CPaintDC dc(*this);
-            OnPaint(dc);
-        } else {
-            CClientDC dc(this);
-            OnPaint(dc);
-        }
-        return TRUE;
-    case WM_ERASEBKGND: {
-        CDC dc(reinterpret_cast<HDC>(wParam), CDC::PrivateToken());
-        if (OnEraseBkgnd(dc)) return TRUE;
+        return DialogPaint();
+    case WM_ERASEBKGND:
+        if (DialogEraseBkgnd(wParam)) return TRUE;
         break;
-    }
     case WM_DESTROY:
         OnDestroy();
         return TRUE;

@@ -9,6 +9,7 @@
 #include "velkan/gfx/ScopedDC.h"
 #include "velkan/gfx/SvgImage.h"
 #include "velkan/gfx/UxTheme.h"
+#include "velkan/menu/detail/MenuText.h"
 
 namespace Velkan {
 
@@ -43,16 +44,6 @@ CBitmap RenderIcon(const char* svg, COLORREF colour, int dpi) {
     return image.Render(static_cast<float>(dpi) / 96.0f);
 }
 
-std::wstring TabsAsMM(const wchar_t* text) {
-    std::wstring measured;
-    for (const wchar_t* p = text != nullptr ? text : L""; *p != L'\0'; ++p) {
-        if (*p == L'\t')
-            measured += L"MM";
-        else
-            measured += *p;
-    }
-    return measured;
-}
 
 LOGFONTW MenuLogFont() {
     NONCLIENTMETRICSW metrics = {};
@@ -97,7 +88,7 @@ BOOL CCoolMenuItemRenderer::MeasureMenuItem(CoolMenuItemMeasureStruct& item) {
         measure.itemWidth = static_cast<UINT>(2 * gutterWidth);
         return TRUE;
     }
-    const std::wstring text = TabsAsMM(item.text);
+    const std::wstring text = Detail::TabsAsMM(item.text);
     CClientDC dc(item.window);
     HGDIOBJ old = dc.SelectObject(m_menuFont.GetHfont());
     SIZE extent = {0, 0};
@@ -218,10 +209,8 @@ BOOL CCoolMenuItemRenderer::DrawItem(const CoolMenuItemDrawStruct& item, BOOL fl
 }
 
 void CCoolMenuItemRenderer::DrawMenuText(CDC& dc, CRect& rect, const wchar_t* text, BOOL disabled) {
-    const std::wstring all = text != nullptr ? text : L"";
-    const size_t tab = all.find(L'\t');
-    const std::wstring label = all.substr(0, tab);
-    const std::wstring accelerator = tab == std::wstring::npos ? std::wstring() : all.substr(tab + 1);
+    std::wstring label, accelerator;
+    Detail::SplitMenuText(text, label, accelerator);
     HDC hdc = dc.GetHdc();
 
     SIZE labelSize = {0, 0};

@@ -9,6 +9,7 @@
 #include "velkan/gfx/DC.h"
 #include "velkan/gfx/ImageList.h"
 #include "velkan/gfx/ScopedDC.h"
+#include "velkan/menu/detail/MenuText.h"
 
 namespace Velkan {
 
@@ -31,16 +32,6 @@ CSize IconSize(const CImageList* list) {
     return list != nullptr ? list->GetIconSize() : CSize(0, 0);
 }
 
-std::wstring TabsAsMM(const wchar_t* text) {
-    std::wstring measured;
-    for (const wchar_t* p = text != nullptr ? text : L""; *p != L'\0'; ++p) {
-        if (*p == L'\t')
-            measured += L"MM";
-        else
-            measured += *p;
-    }
-    return measured;
-}
 
 }  // namespace
 
@@ -109,7 +100,7 @@ BOOL CCoolMenuItemUxThemedRenderer::MeasureMenuItem(CoolMenuItemMeasureStruct& i
     measure.itemHeight = static_cast<UINT>(
         std::max({static_cast<int>(column.cy), m_theme.GetThemeSysSize(SM_CYMENUSIZE),
                   static_cast<int>(m_textMetrics.tmHeight)}));
-    const std::wstring text = TabsAsMM(item.text);
+    const std::wstring text = Detail::TabsAsMM(item.text);
     CClientDC dc(item.window);
     HGDIOBJ old = dc.SelectObject(m_menuFont.GetHfont());
     CRect extent;
@@ -196,10 +187,8 @@ BOOL CCoolMenuItemUxThemedRenderer::TryDraw(const CoolMenuItemDrawStruct& item) 
     CRect textRect = rcItem;
     textRect.left += m_gutterSize.cx + Scale(1, m_dpi) + column.cx + m_checkBackgroundMargins.cxRightWidth;
     HGDIOBJ oldFont = ::SelectObject(hdc, m_menuFont.GetHfont());
-    const std::wstring all = item.text != nullptr ? item.text : L"";
-    const size_t tab = all.find(L'\t');
-    const std::wstring label = all.substr(0, tab);
-    const std::wstring accelerator = tab == std::wstring::npos ? std::wstring() : all.substr(tab + 1);
+    std::wstring label, accelerator;
+    Detail::SplitMenuText(item.text, label, accelerator);
     BOOL ok = SUCCEEDED(m_theme.DrawThemeText(hdc, label.c_str(), MENU_POPUPITEM, state, textRect,
                                               DT_SINGLELINE | DT_VCENTER));
     if (ok && !accelerator.empty()) {
