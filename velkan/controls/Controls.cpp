@@ -7,6 +7,7 @@
 #include "velkan/controls/ListBox.h"
 #include "velkan/controls/ProgressControl.h"
 #include "velkan/controls/RichEdit.h"
+#include "velkan/controls/StaticControl.h"
 #include "velkan/controls/Tooltip.h"
 
 namespace Velkan {
@@ -29,6 +30,8 @@ CString ItemText(const CWnd& control, UINT lengthMsg, UINT textMsg, int index) {
 }
 
 }  // namespace
+
+CStaticControl::CStaticControl() : CControl(WC_STATICW) {}
 
 CSize CButton::GetIdealSize() const {
     SIZE size = {0, 0};

@@ -285,9 +285,11 @@ void CCheckBoxListView::OnCreate() {
     ResizeColumnsToFit();
 }
 
-BOOL CCheckBoxListView::WndProc(UINT msg, WPARAM, LPARAM, LRESULT& result) {
+BOOL CCheckBoxListView::WndProc(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     if (msg != WM_SIZE) return FALSE;
-    result = 0;
+    // The control lays itself out first; the message is then reported as
+    // handled.
+    result = CWnd::DefaultWndProc(msg, wParam, lParam);
     ResizeColumnsToFit();
     return TRUE;
 }

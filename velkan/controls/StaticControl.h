@@ -7,7 +7,7 @@ namespace Velkan {
 // A static text, icon or bitmap ("Static").
 class VELKAN_API CStaticControl : public CControl {
 public:
-    CStaticControl() : CControl(WC_STATICW) {}
+    CStaticControl();
 
     HICON SetIcon(HICON icon) const { return reinterpret_cast<HICON>(SendMessageW(STM_SETICON, reinterpret_cast<WPARAM>(icon))); }
     HICON GetIcon() const { return reinterpret_cast<HICON>(SendMessageW(STM_GETICON)); }
