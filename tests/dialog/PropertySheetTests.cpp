@@ -74,6 +74,9 @@ TEST(PropertySheet, RecordsAndCallbacksAsComctlSeesThem) {
     EXPECT_EQ(static_cast<DWORD>(PSP_USECALLBACK | PSP_USEHEADERTITLE | PSP_USEHEADERSUBTITLE), record.dwFlags);
     EXPECT_EQ(reinterpret_cast<LPARAM>(&page), record.lParam);
     EXPECT_EQ(L"Header", std::wstring(record.pszHeaderTitle));
+    // Titles may be string ids that comctl32 loads itself.
+    CWizardPage byId(IDD_PAGE_TWO, MAKEINTRESOURCEW(IDS_SHEET_CAPTION), nullptr);
+    EXPECT_EQ(MAKEINTRESOURCEW(IDS_SHEET_CAPTION), byId.GetPageRecord().pszHeaderTitle);
     CPropertySheet sheet(IDS_SHEET_CAPTION);
     EXPECT_EQ(sizeof(PROPSHEETHEADERW), sheet.GetHeaderRecord().dwSize);
     EXPECT_EQ(static_cast<DWORD>(PSH_NOAPPLYNOW | PSH_USECALLBACK), sheet.GetHeaderRecord().dwFlags);

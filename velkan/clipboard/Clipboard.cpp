@@ -58,6 +58,8 @@ BOOL CWindowsClipboard::SetClipboardString(const CString& text) const {
             placed.Append(*p);
         }
     }
+    // A failed conversion left the copy null.
+    if (placed.IsNull()) return FALSE;
     const size_t bytes = (static_cast<size_t>(placed.GetLength()) + 1) * sizeof(wchar_t);
     HGLOBAL block = ::GlobalAlloc(GMEM_MOVEABLE, bytes);
     if (block == nullptr) return FALSE;

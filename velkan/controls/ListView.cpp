@@ -285,11 +285,9 @@ void CCheckBoxListView::OnCreate() {
     ResizeColumnsToFit();
 }
 
-BOOL CCheckBoxListView::WndProc(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+BOOL CCheckBoxListView::WndProc(UINT msg, WPARAM, LPARAM, LRESULT& result) {
     if (msg != WM_SIZE) return FALSE;
-    // The control lays itself out first; the message is then reported as
-    // handled.
-    result = CWnd::DefaultWndProc(msg, wParam, lParam);
+    result = 0;
     ResizeColumnsToFit();
     return TRUE;
 }

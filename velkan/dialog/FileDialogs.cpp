@@ -206,7 +206,7 @@ BOOL CSaveFileDlg::Show(CWnd* parent) {
     m_ofn.lpstrFile = buffer;
     m_ofn.nMaxFile = MAX_PATH;
     m_ofn.hwndOwner = OwnerOf(parent);
-    m_ofn.lpstrDefExt = m_defaultExtension.IsNullOrEmpty() ? nullptr : m_defaultExtension.GetString();
+    m_ofn.lpstrDefExt = m_defaultExtension.GetString();
     const BOOL chosen = m_ofn.GetSaveFileNameW();
     m_ofn.lpstrFile = nullptr;
     m_fileName.UnlockBuffer();
@@ -223,8 +223,7 @@ CBrowseFolderDlg::CBrowseFolderDlg(HINSTANCE instance) : m_instance(CResourceLoa
     FILEOPENDIALOGOPTIONS options = 0;
     m_dialog->GetOptions(&options);
     m_dialog->SetOptions(options | FOS_PICKFOLDERS | FOS_FORCEFILESYSTEM);
-    CString title;
-    if (CResourceLoader::TryLoadText(57344, title, m_instance)) m_dialog->SetTitle(title);
+    m_dialog->SetTitle(CResourceString(57344, m_instance));
 }
 
 CBrowseFolderDlg::~CBrowseFolderDlg() {

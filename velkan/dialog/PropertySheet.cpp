@@ -109,6 +109,10 @@ LRESULT CPropertyPage::DefaultWndProc(UINT msg, WPARAM wParam, LPARAM lParam) {
     case WM_ERASEBKGND:
         if (DialogEraseBkgnd(wParam)) return TRUE;
         break;
+    case WM_ENTERIDLE:
+        // Temporary objects made while a menu or a nested loop idles.
+        if (theAppPtr != nullptr) theAppPtr->CleanUpTempObjects();
+        return TRUE;
     case WM_DESTROY:
         OnDestroy();
         return TRUE;
@@ -152,8 +156,7 @@ DWORD* CPropertyPage::GetHelpIds() {
 
 void CPropertyPage::OnHelp(HELPINFO* info) {
     if (theAppPtr == nullptr) return;
-    theAppPtr->PopupHelp(info != nullptr ? static_cast<HWND>(info->hItemHandle) : nullptr,
-                         m_helpTopic.IsNullOrEmpty() ? nullptr : m_helpTopic.GetString(), GetHelpIds());
+    theAppPtr->PopupHelp(info != nullptr ? static_cast<HWND>(info->hItemHandle) : nullptr, nullptr, GetHelpIds());
 }
 
 void CPropertyPage::OnCallbackAddRef() {}
@@ -205,7 +208,7 @@ int CPropertySheet::DoModal(CWnd* parent) {
     CWnd*& beingCreated = GetWndBeingCreated();
     beingCreated = this;
     const INT_PTR result = ::PropertySheetW(&m_psh);
-    if (beingCreated == this) beingCreated = nullptr;
+    beingCreated = nullptr;
     // The sheet window is gone; a table entry for it must not outlive it.
     if (m_hwnd != nullptr && !::IsWindow(m_hwnd)) ResetCWnd();
     return static_cast<int>(result);
@@ -268,10 +271,10 @@ CWizardPage::CWizardPage(UINT templateId, HINSTANCE instance) : CPropertyPage(te
 CWizardPage::CWizardPage(UINT templateId, const wchar_t* headerTitle, const wchar_t* headerSubTitle,
                          HINSTANCE instance)
     : CWizardPage(templateId, instance) {
-    m_headerTitle = headerTitle;
-    m_headerSubTitle = headerSubTitle;
-    m_psp.pszHeaderTitle = m_headerTitle.GetString();
-    m_psp.pszHeaderSubTitle = m_headerSubTitle.GetString();
+    // As given: texts the caller keeps alive, or MAKEINTRESOURCE ids that
+    // comctl32 loads from the page's instance.
+    m_psp.pszHeaderTitle = headerTitle;
+    m_psp.pszHeaderSubTitle = headerSubTitle;
 }
 
 int CWizardPage::OnWizBack() { return 0; }

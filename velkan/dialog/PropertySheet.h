@@ -129,6 +129,8 @@ private:
 class VELKAN_API CWizardPage : public CPropertyPage {
 public:
     explicit CWizardPage(UINT templateId, HINSTANCE instance = nullptr);
+    // The titles are kept as pointers: texts that outlive the page, or
+    // MAKEINTRESOURCE string ids of the instance.
     CWizardPage(UINT templateId, const wchar_t* headerTitle, const wchar_t* headerSubTitle,
                 HINSTANCE instance = nullptr);
 
@@ -143,8 +145,6 @@ public:
     CFont& GetTitleFont() { return m_titleFont; }
 
 private:
-    CString m_headerTitle;
-    CString m_headerSubTitle;
     CFont m_titleFont;
 };
 
