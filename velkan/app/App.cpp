@@ -112,6 +112,8 @@ CApp::~CApp() {
     theAppPtr = nullptr;
 }
 
+void CApp::OnUnhandledException(const std::exception*) {}
+
 HWND CApp::GetActiveModelessDialog() {
     return ActiveModelessDialog();
 }

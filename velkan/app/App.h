@@ -3,6 +3,8 @@
 #include <windows.h>
 #include <gdiplus.h>
 
+#include <exception>
+
 #include "velkan/app/NotificationCenter.h"
 #include "velkan/core/Export.h"
 #include "velkan/core/Geometry.h"
@@ -42,6 +44,12 @@ public:
     // Idle work: frees the calling thread's temporary wrapper objects.
     virtual void CleanUpTempObjects();
     virtual ~CApp();
+    // An exception that a handler let out where the system called the
+    // library (window and dialog procedures, callbacks, a worker's entry).
+    // It has been traced, and the message gets its default processing; the
+    // default does nothing more, so the program keeps running. e is null for
+    // an exception that is not a std::exception.
+    virtual void OnUnhandledException(const std::exception* e);
 
     // The modeless dialog of the calling thread that is active (the
     // dialogs keep it on WM_ACTIVATE); the loop lets it see keyboard

@@ -4,6 +4,8 @@
 
 #include <chrono>
 
+#include "velkan/app/detail/Unhandled.h"
+
 namespace Velkan {
 
 CVlkThread::CVlkThread() : m_thread(std::make_shared<std::thread>()) {}
@@ -11,7 +13,16 @@ CVlkThread::CVlkThread() : m_thread(std::make_shared<std::thread>()) {}
 CVlkThread::~CVlkThread() = default;
 
 BOOL CVlkThread::Start(void (*function)(void*), void* argument) {
-    *m_thread = std::thread(function, argument);
+    // An exception out of the work would end the process at the thread's
+    // entry: it is reported instead, and the thread ends.
+    *m_thread = std::thread([function, argument] {
+        Detail::Guarded(
+            [&] {
+                function(argument);
+                return 0;
+            },
+            [] { return 0; });
+    });
     return m_thread->joinable();
 }
 

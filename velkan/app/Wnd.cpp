@@ -14,6 +14,9 @@ bool IsInsertAfterValue(HWND hwnd) {
     return hwnd == HWND_BOTTOM || hwnd == HWND_TOPMOST || hwnd == HWND_NOTOPMOST;
 }
 
+// ERROR_UNHANDLED_EXCEPTION, which this toolchain's headers lack.
+constexpr DWORD kUnhandledException = 574;
+
 HINSTANCE ModuleInstance() {
     return CResourceLoader::GetDefaultInstance();
 }
@@ -87,6 +90,11 @@ CWnd*& CWnd::GetWndBeingCreated() {
     return wnd;
 }
 
+bool& CWnd::CreationThrew() {
+    static thread_local bool threw = false;
+    return threw;
+}
+
 // ---------------------------------------------------------------------------
 // Creation
 
@@ -134,8 +142,13 @@ HWND CWnd::CreateEx(DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD 
 
     CWnd*& beingCreated = GetWndBeingCreated();
     beingCreated = this;
+    CreationThrew() = false;
     HWND hwnd = ::CreateWindowExW(exStyle, className, windowName, style, x, y, cx, cy,
                                   parent != nullptr ? parent->m_hwnd : nullptr, menu, ModuleInstance(), param);
+    if (hwnd == nullptr && CreationThrew()) {
+        CreationThrew() = false;
+        ::SetLastError(kUnhandledException);
+    }
     // A creation that failed after the first message (OnCreate threw, say)
     // has tied us to a handle that is already gone: untie it, or the table
     // would keep pointing at this object.

@@ -280,6 +280,8 @@ protected:
     // FilterMessage offers a message to wnd's filters in registration order
     // and is TRUE when one consumed it.
     static CWnd* TieWndBeingCreated(HWND hwnd);
+    // Set when OnCreate threw during the calling thread's current creation.
+    static bool& CreationThrew();
     static BOOL FilterMessage(CWnd& wnd, UINT msg, WPARAM wParam, LPARAM lParam, LRESULT& result);
 
     // Shared by the windows a dialog procedure drives. RouteDialogMessage

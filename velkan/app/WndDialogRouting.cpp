@@ -3,6 +3,7 @@
 // manager through SetDialogMsgResult, and FALSE means "not handled".
 #include "velkan/app/Wnd.h"
 
+#include "velkan/app/detail/Unhandled.h"
 #include "velkan/core/ObjectContext.h"
 #include "velkan/gfx/DC.h"
 #include "velkan/gfx/ScopedDC.h"
@@ -10,11 +11,17 @@
 namespace Velkan {
 
 INT_PTR CWnd::RouteDialogMessage(CWnd& wnd, UINT msg, WPARAM wParam, LPARAM lParam) {
-    LRESULT result = 0;
-    if (FilterMessage(wnd, msg, wParam, lParam, result)) return wnd.SetDialogMsgResult(msg, result);
-    result = 0;
-    if (wnd.WndProc(msg, wParam, lParam, result)) return wnd.SetDialogMsgResult(msg, result);
-    return wnd.DefaultWndProc(msg, wParam, lParam);
+    // A handler's exception is reported; FALSE lets the dialog manager do
+    // its default processing.
+    return Detail::Guarded(
+        [&]() -> INT_PTR {
+            LRESULT result = 0;
+            if (FilterMessage(wnd, msg, wParam, lParam, result)) return wnd.SetDialogMsgResult(msg, result);
+            result = 0;
+            if (wnd.WndProc(msg, wParam, lParam, result)) return wnd.SetDialogMsgResult(msg, result);
+            return wnd.DefaultWndProc(msg, wParam, lParam);
+        },
+        []() -> INT_PTR { return FALSE; });
 }
 
 LRESULT CWnd::DialogPaint() {

@@ -1,5 +1,6 @@
 // Auto-resizing, centring, screen checks, DPI and owned pop-ups.
 #include "velkan/app/Wnd.h"
+#include "velkan/app/detail/Unhandled.h"
 
 #include <algorithm>
 #include <atomic>
@@ -50,9 +51,14 @@ struct ResizeWalk {
 
 BOOL CALLBACK ResizeDescendant(HWND hwnd, LPARAM lParam) {
     CWnd* wnd = CWnd::FindByHandle(hwnd);
-    if (wnd != nullptr && wnd->GetAutoResizingMask() != 0)
-        wnd->AutoResizeWindow(reinterpret_cast<ResizeWalk*>(lParam)->size);
-    return TRUE;
+    if (wnd == nullptr || wnd->GetAutoResizingMask() == 0) return TRUE;
+    // Called back from EnumChildWindows: nothing may unwind through it.
+    return Detail::Guarded(
+        [&]() -> BOOL {
+            wnd->AutoResizeWindow(reinterpret_cast<ResizeWalk*>(lParam)->size);
+            return TRUE;
+        },
+        []() -> BOOL { return TRUE; });
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The one window procedure and the built-in dispatcher.
 #include "velkan/app/Wnd.h"
 
+#include "velkan/app/detail/Unhandled.h"
 #include "velkan/core/ObjectContext.h"
 #include "velkan/gfx/ScopedDC.h"
 
@@ -19,9 +20,20 @@ LRESULT CALLBACK CWnd::StaticWndProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM 
             wnd->InstallStaticWndProc();
         }
     }
-    if (FilterMessage(*wnd, msg, wParam, lParam, result)) return result;
-    if (wnd->WndProc(msg, wParam, lParam, result)) return result;
-    return wnd->DefaultWndProc(msg, wParam, lParam);
+    // Nothing may unwind into the system's dispatch: a handler's exception
+    // is reported and the message gets its default processing.
+    return Detail::Guarded(
+        [&]() -> LRESULT {
+            if (FilterMessage(*wnd, msg, wParam, lParam, result)) return result;
+            if (wnd->WndProc(msg, wParam, lParam, result)) return result;
+            return wnd->DefaultWndProc(msg, wParam, lParam);
+        },
+        [&]() -> LRESULT {
+            CWnd* still = GetContext().Find(hwnd);
+            if (still != nullptr && still->m_prevWndProc != nullptr)
+                return ::CallWindowProcW(still->m_prevWndProc, hwnd, msg, wParam, lParam);
+            return ::DefWindowProcW(hwnd, msg, wParam, lParam);
+        });
 }
 
 CWnd* CWnd::TieWndBeingCreated(HWND hwnd) {
@@ -48,9 +60,15 @@ LRESULT CWnd::DefaultWndProc(UINT msg, WPARAM wParam, LPARAM lParam) {
     case WM_CREATE:
         try {
             OnCreate();
+        } catch (const std::exception& e) {
+            // The exception becomes a failed creation; why is reported, and
+            // CreateEx leaves ERROR_UNHANDLED_EXCEPTION as the last error.
+            Detail::ReportUnhandledException(&e);
+            CreationThrew() = true;
+            return -1;
         } catch (...) {
-            // Nothing may unwind through the system's dispatch: the
-            // exception becomes a failed creation.
+            Detail::ReportUnhandledException(nullptr);
+            CreationThrew() = true;
             return -1;
         }
         break;

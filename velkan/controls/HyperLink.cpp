@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "velkan/app/detail/Unhandled.h"
 #include "velkan/core/String.h"
 
 namespace Velkan {
@@ -38,7 +39,8 @@ LRESULT CALLBACK CHyperLink::VlkWndProc(HWND hwnd, UINT msg, WPARAM wParam, LPAR
         ::SetWindowLongPtrW(hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(link));
     }
     LRESULT result = 0;
-    const BOOL handled = link != nullptr && link->WndProc(msg, wParam, lParam, result);
+    const BOOL handled = link != nullptr && Detail::Guarded([&] { return link->WndProc(msg, wParam, lParam, result); },
+                                                            [] { return FALSE; });
     if (!handled) result = ::DefWindowProcW(hwnd, msg, wParam, lParam);
     if (msg == WM_NCDESTROY && link != nullptr) {
         ::SetWindowLongPtrW(hwnd, GWLP_USERDATA, 0);

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "velkan/app/detail/Unhandled.h"
 #include "velkan/core/Resource.h"
 #include "velkan/gfx/ImageList.h"
 
@@ -236,7 +237,11 @@ BOOL CListView::OnNotifyReflect(UINT, LPARAM nmhdr, LRESULT& result) {
 
 int CALLBACK CListView::SortFunc(LPARAM item1, LPARAM item2, LPARAM self) {
     auto* list = reinterpret_cast<CListView*>(self);
-    return list->m_delegate->CompareItems(*list, item1, item2, list->m_sortColumn, list->m_sortAscending);
+    // Called back from the control's sort: a delegate's exception compares
+    // as equal.
+    return Detail::Guarded(
+        [&] { return list->m_delegate->CompareItems(*list, item1, item2, list->m_sortColumn, list->m_sortAscending); },
+        [] { return 0; });
 }
 
 // ---------------------------------------------------------------------------

@@ -1,6 +1,7 @@
 #include "velkan/dialog/PropertySheet.h"
 
 #include "velkan/app/App.h"
+#include "velkan/app/detail/Unhandled.h"
 #include "velkan/core/Resource.h"
 #include "velkan/core/detail/StructSize.h"
 #include "velkan/gfx/DC.h"
@@ -72,6 +73,13 @@ INT_PTR CALLBACK CPropertyPage::StaticDlgProc(HWND hwnd, UINT msg, WPARAM wParam
 UINT CALLBACK CPropertyPage::PspCallback(HWND, UINT msg, PROPSHEETPAGEW* record) {
     auto* page = record != nullptr ? reinterpret_cast<CPropertyPage*>(record->lParam) : nullptr;
     if (page == nullptr) return msg == PSPCB_CREATE ? 1 : 0;
+    // A handler's exception is answered as the defaults would: create.
+    return Detail::Guarded([&] { return page->PageCallback(msg); },
+                           [&]() -> UINT { return msg == PSPCB_CREATE ? 1 : 0; });
+}
+
+UINT CPropertyPage::PageCallback(UINT msg) {
+    CPropertyPage* page = this;
     switch (msg) {
     case PSPCB_ADDREF:
         page->OnCallbackAddRef();
@@ -215,6 +223,10 @@ int CPropertySheet::DoModal(CWnd* parent) {
 }
 
 int CALLBACK CPropertySheet::PshCallback(HWND hwnd, UINT msg, LPARAM lParam) {
+    return Detail::Guarded([&] { return SheetCallback(hwnd, msg, lParam); }, [] { return 0; });
+}
+
+int CPropertySheet::SheetCallback(HWND hwnd, UINT msg, LPARAM lParam) {
     auto* sheet = dynamic_cast<CPropertySheet*>(FindByHandle(hwnd));
     if (sheet == nullptr) {
         CWnd*& beingCreated = GetWndBeingCreated();

@@ -64,6 +64,11 @@ public:
     static INT_PTR CALLBACK StaticDlgProc(HWND hwnd, UINT msg, WPARAM wParam, LPARAM lParam);
     static UINT CALLBACK PspCallback(HWND hwnd, UINT msg, PROPSHEETPAGEW* page);
 
+private:
+    UINT PageCallback(UINT msg);
+
+public:
+
 protected:
     PropertyPageRecord m_psp;
     HINSTANCE m_instance;
@@ -97,6 +102,11 @@ public:
     const std::vector<HPROPSHEETPAGE>& GetPages() const { return m_pages; }
 
     static int CALLBACK PshCallback(HWND hwnd, UINT msg, LPARAM lParam);
+
+private:
+    static int SheetCallback(HWND hwnd, UINT msg, LPARAM lParam);
+
+public:
 
 protected:
     PROPSHEETHEADERW m_psh;

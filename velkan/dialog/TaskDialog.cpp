@@ -2,6 +2,7 @@
 
 #include <mutex>
 
+#include "velkan/app/detail/Unhandled.h"
 #include "velkan/core/Resource.h"
 #include "velkan/core/detail/StructSize.h"
 
@@ -386,6 +387,17 @@ HRESULT CALLBACK CTaskDialog::TaskDialogCallback(HWND hwnd, UINT notification, W
                                                  LONG_PTR refData) {
     auto* dialog = reinterpret_cast<CTaskDialog*>(refData);
     if (dialog == nullptr) return S_OK;
+    // A handler's exception is reported and answered as the defaults would.
+    return Detail::Guarded([&] { return dialog->Notify(hwnd, notification, wParam, lParam); },
+                           [&]() -> HRESULT {
+                               // The window still goes, whatever the handler did.
+                               if (notification == TDN_DESTROYED) dialog->CWnd::Detach();
+                               return S_OK;
+                           });
+}
+
+HRESULT CTaskDialog::Notify(HWND hwnd, UINT notification, WPARAM wParam, LPARAM lParam) {
+    CTaskDialog* dialog = this;
     ITaskDialogNotificationHandler* handler =
         dialog->m_handler != nullptr ? dialog->m_handler : static_cast<ITaskDialogNotificationHandler*>(dialog);
     switch (notification) {

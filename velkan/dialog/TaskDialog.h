@@ -173,6 +173,8 @@ private:
     void SetText(PCWSTR& field, CString& backing, UINT id);
     void SetTextV(PCWSTR& field, CString& backing, const wchar_t* format, va_list args);
     CString LoadString(UINT id) const;
+    // The callback's work for this dialog.
+    HRESULT Notify(HWND hwnd, UINT notification, WPARAM wParam, LPARAM lParam);
     void SetFlag(DWORD flag, BOOL on);
 
     TASKDIALOGCONFIG m_config;
