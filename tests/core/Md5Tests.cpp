@@ -60,6 +60,12 @@ TEST(Md5, Rfc1321TestSuite) {
     EXPECT_EQ(L"900150983cd24fb0d6963f7d28e17f72", W(CMd5(CString(L"abc")).HexDigest()));
 }
 
+TEST(Md5, NoBytesHashLikeNothing) {
+    // A null pointer with a length is no input at all, not a crash.
+    const unsigned char none[1] = {0};
+    EXPECT_STREQ(CMd5(none, 0).HexDigest(), CMd5(nullptr, 1000).HexDigest());
+}
+
 TEST(Md5, StreamingMatchesOneShotAndFinalizeIsFinal) {
     std::vector<unsigned char> bytes(1000);
     for (size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<unsigned char>(i * 7 + 3);

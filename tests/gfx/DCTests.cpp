@@ -121,6 +121,21 @@ TEST(DC, AlphaBlendBitmapBlendsPremultipliedPixelsAndScales) {
     EXPECT_TRUE(dc.AlphaBlendBitmap(source.bitmap, 0, 0, 4, 4));
     EXPECT_TRUE(Near(canvas.At(3, 3) & kRgb, 0x7F7FFF, 2)) << std::hex << canvas.At(3, 3);
     EXPECT_EQ(0xFFFFFFu, canvas.At(4, 4) & kRgb);
+
+    // The call leaves no memory DC behind. Wine reports no GDI object
+    // counts (GetGuiResources is 0), but it reuses the slot of the handle
+    // freed last: a DC made after the call takes the slot the call's own
+    // DC had, which a leaked DC would still hold.
+    HDC probe = ::CreateCompatibleDC(nullptr);
+    const WORD slot = LOWORD(reinterpret_cast<UINT_PTR>(probe));
+    ::DeleteDC(probe);
+    dc.AlphaBlendBitmap(source.bitmap, 0, 0);
+    probe = ::CreateCompatibleDC(nullptr);
+    EXPECT_EQ(slot, LOWORD(reinterpret_cast<UINT_PTR>(probe)));
+    ::DeleteDC(probe);
+    EXPECT_FALSE(dc.AlphaBlendBitmap(nullptr, 0, 0));
+    EXPECT_FALSE(dc.DrawBitmap(nullptr, 0, 0));
+    EXPECT_FALSE(dc.StretchBitmap(nullptr, RECT{0, 0, 4, 4}));
     CDC::CleanUpTempObjects();
 }
 

@@ -79,6 +79,8 @@ HKEY CApp::GetSectionKey(LPCWSTR section, HKEY root) const {
 }
 
 BOOL CApp::RegQueryDWORD(LPCWSTR section, LPCWSTR name, DWORD* value) const {
+    // Nowhere to put the value: refused before the registry is asked.
+    if (value == nullptr) return Report(ERROR_INVALID_PARAMETER);
     SectionKey key(*this, section);
     if (key.Get() == nullptr) return FALSE;
     DWORD size = sizeof(DWORD);
@@ -90,6 +92,7 @@ namespace {
 // Reads a DWORD and stores it as T only when the read succeeded.
 template <typename T, typename Convert>
 BOOL QueryAs(const CApp& app, LPCWSTR section, LPCWSTR name, T* value, Convert convert) {
+    if (value == nullptr) return Report(ERROR_INVALID_PARAMETER);
     DWORD read = 0;
     if (!app.RegQueryDWORD(section, name, &read)) return FALSE;
     *value = convert(read);
@@ -124,6 +127,10 @@ BOOL CApp::RegQueryRect(LPCWSTR section, LPCWSTR name, CRect& rect) const {
 }
 
 int CApp::RegQueryString(LPCWSTR section, LPCWSTR name, wchar_t* buffer, int size, HKEY root) const {
+    if (buffer == nullptr || size <= 0) {
+        Report(ERROR_INVALID_PARAMETER);
+        return 0;
+    }
     SectionKey key(*this, section, root);
     if (key.Get() == nullptr) return 0;
     DWORD bytes = static_cast<DWORD>(size);
@@ -152,6 +159,7 @@ CString CApp::RegQueryString(LPCWSTR section, LPCWSTR name, LPCWSTR defaultValue
 }
 
 BOOL CApp::RegQueryBinary(LPCWSTR section, LPCWSTR name, void* data, int size) const {
+    if (data == nullptr || size <= 0) return Report(ERROR_INVALID_PARAMETER);
     SectionKey key(*this, section);
     if (key.Get() == nullptr) return FALSE;
     DWORD bytes = static_cast<DWORD>(size);

@@ -16,7 +16,8 @@ CMd5::CMd5() {
 
 CMd5::CMd5(const unsigned char* data, unsigned long length) {
     Init();
-    Update(data, length);
+    // No bytes to read: the digest of nothing.
+    if (data != nullptr) Update(data, length);
     Finalize();
 }
 

@@ -67,6 +67,7 @@ BOOL CDC::AlphaBlend(int x, int y, int cx, int cy, HDC source, int xs, int ys, i
 }
 
 BOOL CDC::DrawBitmap(HBITMAP bitmap, int x, int y, int cx, int cy) {
+    if (bitmap == nullptr) return FALSE;
     BITMAP info = {};
     ::GetObjectW(bitmap, sizeof(info), &info);
     if (cx == 0) cx = info.bmWidth;
@@ -82,21 +83,25 @@ BOOL CDC::DrawBitmap(HBITMAP bitmap, int x, int y, int cx, int cy) {
 }
 
 BOOL CDC::AlphaBlendBitmap(HBITMAP bitmap, int x, int y, int cx, int cy) {
+    if (bitmap == nullptr) return FALSE;
     BITMAP info = {};
     ::GetObjectW(bitmap, sizeof(info), &info);
     if (cx == 0) cx = info.bmWidth;
     if (cy == 0) cy = info.bmHeight;
-    // Kept as it has always been: the memory DC is wrapped in a plain CDC,
-    // which does not delete it.
-    CDC memory(::CreateCompatibleDC(m_hdc), PrivateToken());
-    HGDIOBJ old = memory.SelectObject(bitmap);
+    // The memory DC never leaves this function, so it is deleted here: left
+    // alone it would leak one GDI handle per call, and the menu renderers
+    // draw every check mark through this (a process gets 10,000 handles).
+    HDC memory = ::CreateCompatibleDC(m_hdc);
+    HGDIOBJ old = ::SelectObject(memory, bitmap);
     BOOL ok = ::AlphaBlend(m_hdc, x, y, cx, cy, memory, 0, 0, info.bmWidth, info.bmHeight, kPixelAlpha);
-    memory.SelectObject(old);
+    ::SelectObject(memory, old);
+    ::DeleteDC(memory);
     return ok;
 }
 
 BOOL CDC::StretchBitmap(HBITMAP bitmap, const RECT& dest) {
     CBitmap* wrapper = CBitmap::FromHbitmap(bitmap);
+    if (wrapper == nullptr) return FALSE;
     BITMAP info = {};
     wrapper->GetBitmap(&info);
     const int cx = dest.right - dest.left, cy = dest.bottom - dest.top;
