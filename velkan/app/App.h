@@ -1,6 +1,7 @@
 #pragma once
 
 #include <windows.h>
+#include <objidl.h>  // GDI+ needs the COM declarations that WIN32_LEAN_AND_MEAN leaves out
 #include <gdiplus.h>
 
 #include <exception>
