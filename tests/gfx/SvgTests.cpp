@@ -121,7 +121,19 @@ TEST(Svg, InvalidDocumentsGiveFalseOrTheStatedException) {
         }
         if (svg.SetSvg(text.c_str(), static_cast<UINT>(text.size()))) svg.Render(1.0f);
     }
-    svg.SetSvg("<svg width='1e30' height='1e30'><rect width='1e30' height='1e30'/></svg>");
+    // Sizes no bitmap can hold give an empty result, not a short buffer.
+    ASSERT_TRUE(svg.SetSvg("<svg width='1e30' height='1e30'><rect width='1e30' height='1e30'/></svg>"));
+    EXPECT_FALSE(svg.Render(1.0f).IsValid());
+    EXPECT_FALSE(svg.RenderEx(1.0f));
+    ASSERT_TRUE(svg.SetSvg("<svg width='32768' height='32768'><rect width='1' height='1'/></svg>"));
+    EXPECT_FALSE(svg.Render(1.0f).IsValid());  // 4 GiB of pixels
+    EXPECT_FALSE(svg.RenderEx(0.5f + 0.5f));
+    ASSERT_TRUE(svg.SetSvg("<svg width='16' height='16'><rect width='16' height='16'/></svg>"));
+    EXPECT_FALSE(svg.Render(std::nanf("")).IsValid());
+    EXPECT_FALSE(svg.Render(HUGE_VALF).IsValid());
+    EXPECT_FALSE(svg.Render(-1.0f).IsValid());
+    EXPECT_FALSE(svg.RenderEx(0.0f));
+    EXPECT_EQ(CSize(4, 4), svg.Render(0.25f).GetSize());
     std::string deep;
     for (int i = 0; i < 2000; ++i) deep += "<g>";
     svg.SetSvg((deep + "<rect width='1' height='1'/>").c_str());

@@ -1,5 +1,6 @@
 #include "velkan/gfx/SvgImage.h"
 
+#include <climits>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -118,11 +119,27 @@ void CSvgImage::ABGRtoARGB(void* bits, int width, int height, int stride) {
     }
 }
 
+namespace {
+
+// The pixel size of a render, or false when it cannot be made: not finite,
+// empty, or more bytes than a 32-bit size can count (the graphics libraries
+// would then hand the rasteriser a buffer smaller than the image).
+bool RenderSize(float width, float height, float scale, int& cx, int& cy) {
+    const double w = std::ceil(static_cast<double>(width) * scale);
+    const double h = std::ceil(static_cast<double>(height) * scale);
+    if (!std::isfinite(w) || !std::isfinite(h) || w < 1.0 || h < 1.0) return false;
+    if (w * h * 4.0 > static_cast<double>(INT_MAX)) return false;
+    cx = static_cast<int>(w);
+    cy = static_cast<int>(h);
+    return true;
+}
+
+}  // namespace
+
 CBitmap CSvgImage::Render(float scale) const {
     if (!IsValid()) return CBitmap();
-    const int width = static_cast<int>(std::ceil(m_image->width * scale));
-    const int height = static_cast<int>(std::ceil(m_image->height * scale));
-    if (width <= 0 || height <= 0) return CBitmap();
+    int width = 0, height = 0;
+    if (!RenderSize(m_image->width, m_image->height, scale, width, height)) return CBitmap();
     BITMAPINFO info = {};
     info.bmiHeader = {sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
     void* bits = nullptr;
@@ -140,9 +157,8 @@ CBitmap CSvgImage::Render(float scale) const {
 
 std::unique_ptr<Gdiplus::Bitmap> CSvgImage::RenderEx(float scale) const {
     if (!IsValid()) return nullptr;
-    const int width = static_cast<int>(std::ceil(m_image->width * scale));
-    const int height = static_cast<int>(std::ceil(m_image->height * scale));
-    if (width <= 0 || height <= 0) return nullptr;
+    int width = 0, height = 0;
+    if (!RenderSize(m_image->width, m_image->height, scale, width, height)) return nullptr;
     auto bitmap = std::make_unique<Gdiplus::Bitmap>(width, height, PixelFormat32bppARGB);
     if (bitmap->GetLastStatus() != Gdiplus::Ok) return nullptr;
     Gdiplus::Rect whole(0, 0, width, height);
