@@ -139,6 +139,52 @@ TEST(Svg, InvalidDocumentsGiveFalseOrTheStatedException) {
     svg.SetSvg((deep + "<rect width='1' height='1'/>").c_str());
 }
 
+TEST(Svg, TransformsWithMissingArgumentsOrNonFiniteNumbersMakeNoImage) {
+    const auto document = [](const std::string& inner) {
+        return "<svg xmlns='http://www.w3.org/2000/svg' width='16' height='16'>" + inner + "</svg>";
+    };
+    const std::string triangle = "<polygon points='1 1 15 1 8 15'/>";
+    const auto group = [&](const std::string& attributes) {
+        return document("<g " + attributes + ">" + triangle + "</g>");
+    };
+    CSvgImage svg;
+    for (const char* transform : {"skewX", "skewY()", "matrix(1 0 0)", "rotate(30 4)", "translate()",
+                                  "scale(2", "translate(1) skewX", "rotate"}) {
+        EXPECT_FALSE(svg.SetSvg(group(std::string("transform='") + transform + "'").c_str())) << transform;
+        EXPECT_FALSE(svg.SetSvg(group(std::string("style='fill:red; transform: ") + transform + "'").c_str()))
+            << transform;
+    }
+    for (const char* number : {"1e39", "-1e39"}) {
+        EXPECT_FALSE(svg.SetSvg(document(std::string("<path d='M1 1 L") + number + " 5' stroke='#000'/>").c_str()))
+            << number;
+        EXPECT_FALSE(svg.SetSvg(group(std::string("transform='scale(") + number + ")'").c_str())) << number;
+    }
+
+    // Complete transform lists keep working, and the word in other places is text.
+    for (const char* transform : {"skewX(10)", "matrix(1 0 0 1 0 0)", "rotate(0 8 8)", "rotate(0)",
+                                  "translate(0)", "translate(0,0) scale(1)", "scale(1 1)"}) {
+        ASSERT_TRUE(svg.SetSvg(group(std::string("transform=\"") + transform + "\"").c_str())) << transform;
+        EXPECT_EQ(0xFF000000u, Pixel(svg.Render(1.0f), 8, 4)) << transform;
+    }
+    EXPECT_TRUE(svg.SetSvg(document("<title>rotate scale skewX</title><g id='matrix'>" + triangle + "</g>").c_str()));
+
+    // What used to change from call to call now renders the same every time.
+    ASSERT_TRUE(svg.SetSvg(group("transform='skewX(20)'").c_str()));
+    const CBitmap first = svg.Render(1.5f);
+    const CSize size = first.GetSize();
+    std::vector<uint32_t> reference;
+    for (int y = 0; y < size.cy; ++y)
+        for (int x = 0; x < size.cx; ++x) reference.push_back(Pixel(first, x, y));
+    for (int round = 0; round < 200; ++round) {
+        ASSERT_TRUE(svg.SetSvg(group("transform='skewX(20)'").c_str()));
+        const CBitmap again = svg.Render(1.5f);
+        size_t i = 0, differ = 0;
+        for (int y = 0; y < size.cy; ++y)
+            for (int x = 0; x < size.cx; ++x) differ += Pixel(again, x, y) != reference[i++];
+        ASSERT_EQ(0u, differ) << round;
+    }
+}
+
 TEST(Svg, ResourcesAndImageLists) {
     CSvgImage strip(1007, nullptr, RGB(200, 0, 0));
     EXPECT_EQ(CSize(64, 16), strip.GetSize());

@@ -1,5 +1,7 @@
 #include "velkan/gfx/SvgImage.h"
 
+#include <algorithm>
+#include <cctype>
 #include <climits>
 #include <cmath>
 #include <cstdio>
@@ -54,6 +56,110 @@ void CSvgImage::Reset() {
     m_image.reset();
 }
 
+namespace {
+
+// The parser reads each transform function's arguments into a local array
+// and uses the array whether or not the text filled it: "skewX", "matrix(1 0
+// 0)" or "rotate(30 4)" would turn stack garbage into geometry, so the same
+// document would render differently from call to call. Each function in a
+// list is checked here with the parser's own argument reader.
+bool TransformListIsComplete(const std::string& list) {
+    struct Function {
+        const char* name;
+        size_t length;
+        int maxArgs;
+        unsigned counts;  // bit n set: n arguments are enough
+    };
+    static const Function functions[] = {
+        {"matrix", 6, 6, 1u << 6},          {"translate", 9, 2, (1u << 1) | (1u << 2)},
+        {"scale", 5, 2, (1u << 1) | (1u << 2)}, {"rotate", 6, 3, (1u << 1) | (1u << 3)},
+        {"skewX", 5, 1, 1u << 1},           {"skewY", 5, 1, 1u << 1},
+    };
+    const char* str = list.c_str();
+    while (*str != '\0') {
+        const Function* match = nullptr;
+        for (const Function& function : functions) {
+            if (std::strncmp(str, function.name, function.length) == 0) match = &function;
+        }
+        if (match == nullptr) {
+            ++str;
+            continue;
+        }
+        float args[6];
+        int count = 0;
+        const int length = nsvg__parseTransformArgs(str, args, match->maxArgs, &count);
+        if (length == 1) return false;  // no "(" or ")": nothing was read
+        if (length == 0) {              // too many arguments: the parser skips it
+            ++str;
+            continue;
+        }
+        if ((match->counts & (1u << count)) == 0) return false;
+        str += length;
+    }
+    return true;
+}
+
+// Every "transform" and "gradientTransform" value in the text, as attribute
+// (name="value") or style property (name: value).
+bool TransformsAreComplete(const std::string& text) {
+    for (size_t at = text.find("ransform"); at != std::string::npos; at = text.find("ransform", at + 1)) {
+        if (at == 0 || (text[at - 1] != 't' && text[at - 1] != 'T')) continue;
+        size_t next = at + 8;
+        while (next < text.size() && std::isspace(static_cast<unsigned char>(text[next]))) ++next;
+        if (next >= text.size() || (text[next] != '=' && text[next] != ':')) continue;
+        const bool property = text[next] == ':';
+        ++next;
+        while (next < text.size() && std::isspace(static_cast<unsigned char>(text[next]))) ++next;
+        std::string stops = property ? ";\"'" : "";
+        if (!property) {
+            if (next >= text.size() || (text[next] != '"' && text[next] != '\'')) continue;
+            stops = text[next++];
+        }
+        const size_t end = std::min(text.find_first_of(stops, next), text.size());
+        if (!TransformListIsComplete(text.substr(next, end - next))) return false;
+    }
+    return true;
+}
+
+bool AllFinite(const float* values, size_t count) {
+    for (size_t i = 0; i < count; ++i) {
+        if (!std::isfinite(values[i])) return false;
+    }
+    return true;
+}
+
+bool PaintIsFinite(const NSVGpaint& paint) {
+    if (paint.type != NSVG_PAINT_LINEAR_GRADIENT && paint.type != NSVG_PAINT_RADIAL_GRADIENT) return true;
+    const NSVGgradient* gradient = paint.gradient;
+    if (!AllFinite(gradient->xform, 6) || !std::isfinite(gradient->fx) || !std::isfinite(gradient->fy)) return false;
+    for (int i = 0; i < gradient->nstops; ++i) {
+        if (!std::isfinite(gradient->stops[i].offset)) return false;
+    }
+    return true;
+}
+
+// An overflowing number ("1e39") or a product of infinities leaves NaN or
+// infinity in the parsed image; the rasteriser has no defined result for
+// them, so such a document is not valid.
+bool ImageIsFinite(const NSVGimage& image) {
+    if (!std::isfinite(image.width) || !std::isfinite(image.height)) return false;
+    for (const NSVGshape* shape = image.shapes; shape != nullptr; shape = shape->next) {
+        if (!std::isfinite(shape->opacity) || !std::isfinite(shape->strokeWidth) ||
+            !std::isfinite(shape->strokeDashOffset) || !std::isfinite(shape->miterLimit) ||
+            !AllFinite(shape->strokeDashArray, static_cast<size_t>(shape->strokeDashCount)) ||
+            !AllFinite(shape->bounds, 4) || !AllFinite(shape->xform, 6) ||
+            !PaintIsFinite(shape->fill) || !PaintIsFinite(shape->stroke)) {
+            return false;
+        }
+        for (const NSVGpath* path = shape->paths; path != nullptr; path = path->next) {
+            if (!AllFinite(path->pts, static_cast<size_t>(path->npts) * 2) || !AllFinite(path->bounds, 4)) return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
 BOOL CSvgImage::SetSvg(const char* svg) {
     return svg != nullptr && SetSvg(svg, static_cast<UINT>(std::strlen(svg)));
 }
@@ -68,8 +174,10 @@ BOOL CSvgImage::SetSvg(const char* svg, UINT length) {
             text.replace(at, keyword.size(), colour);
         }
     }
+    if (!TransformsAreComplete(text)) return FALSE;
     // The parser edits the text it reads, so it gets its own copy.
     m_image.reset(nsvgParse(&text[0], "px", 96.0f));
+    if (m_image && !ImageIsFinite(*m_image)) Reset();
     return IsValid();
 }
 
