@@ -3,10 +3,13 @@
 #include <windows.h>
 #include <wincrypt.h>
 
+#include <algorithm>
+#include <random>
 #include <string>
 #include <vector>
 
 #include "TestText.h"
+#include "support/Fuzz.h"
 #include "velkan/core/Md5.h"
 
 using Velkan::CMd5;
@@ -107,4 +110,29 @@ TEST(Md5, HundredMegabyteStreamMatchesCryptoApi) {
         system.Update(chunk.data(), static_cast<DWORD>(chunk.size()));
     }
     EXPECT_EQ(system.Hex(), W(ours.Finalize().HexDigest()));
+}
+
+// Random lengths cut into random pieces (empty ones included) give the
+// system's digest; Finalize is called at the end, with or without a copy.
+TEST(Md5, RandomLengthsAndChunkingsMatchCryptoApi) {
+    const Testing::FuzzRun run = Testing::FuzzSettings("MD5 differential", 2000);
+    std::mt19937 random(run.seed);
+    std::vector<unsigned char> bytes;
+    for (int round = 0; round < run.rounds; ++round) {
+        // Mostly short lengths, where the block and padding edges are.
+        const size_t length = random() % 4 == 0 ? random() % 5000 : random() % 200;
+        bytes.resize(length);
+        for (unsigned char& b : bytes) b = static_cast<unsigned char>(random());
+        SystemMd5 system;
+        system.Update(bytes.data(), static_cast<DWORD>(length));
+        CMd5 ours;
+        for (size_t at = 0; at < length || random() % 8 == 0;) {
+            const size_t piece = std::min<size_t>(length - at, random() % 3 == 0 ? 0 : random() % 130);
+            ours.Update(bytes.data() + at, static_cast<unsigned long>(piece));
+            at += piece;
+            if (at == length && random() % 2 == 0) break;
+        }
+        ASSERT_EQ(system.Hex(), W(ours.Finalize().HexDigest()))
+            << "seed " << run.seed << ", round " << round << ", length " << length;
+    }
 }

@@ -10,6 +10,7 @@
 
 #include "velkan/net/QueryStringBuilder.h"
 #include "velkan/net/Uri.h"
+#include "support/Fuzz.h"
 
 using namespace Velkan;
 
@@ -86,13 +87,9 @@ DWORD WINAPI ParseOnSmallStack(LPVOID text) {
 // as the expression. The seed is printed (VELKAN_FUZZ_SEED picks another);
 // VELKAN_FUZZ_ROUNDS runs longer.
 TEST(Uri, AgreesWithTheExpressionOnGeneratedAndMutatedText) {
-    wchar_t text[16] = {};
-    const unsigned seed = ::GetEnvironmentVariableW(L"VELKAN_FUZZ_SEED", text, 16) ? static_cast<unsigned>(_wtoi(text))
-                                                                                     : 20261124u;
-    wchar_t rounds[16] = {};
-    const int count = ::GetEnvironmentVariableW(L"VELKAN_FUZZ_ROUNDS", rounds, 16) ? _wtoi(rounds) : 20000;
-    std::printf("URI differential seed %u, %d rounds\n", seed, count);
-    std::mt19937 random(seed);
+    const Testing::FuzzRun run = Testing::FuzzSettings("URI differential", 20000);
+    const int count = run.rounds;
+    std::mt19937 random(run.seed);
     const std::wstring seeds[] = {L"https://host:8080/a/b?x=1&y=2#top", L"http://h", L"ftp://a.b/c?d#e",
                                   L"x://u@h:1?#"};
     const wchar_t alphabet[] = L":/?#@[]%&=.-_~ aZ09\x00e9\x20ac\xD83D\x00b2\x0663\xff11\n\r\x2028";
@@ -110,7 +107,7 @@ TEST(Uri, AgreesWithTheExpressionOnGeneratedAndMutatedText) {
             }
         }
         const std::wstring expected = Oracle(text);
-        ASSERT_EQ(expected, Parsed(text)) << "seed " << seed << ", round " << round;
+        ASSERT_EQ(expected, Parsed(text)) << "seed " << run.seed << ", round " << round;
         ++agreed;
         if (expected != L"invalid") ++valid;
     }
