@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdio>
 #include <random>
 #include <string>
 #include <vector>
@@ -182,6 +183,47 @@ TEST(Svg, TransformsWithMissingArgumentsOrNonFiniteNumbersMakeNoImage) {
         for (int y = 0; y < size.cy; ++y)
             for (int x = 0; x < size.cx; ++x) differ += Pixel(again, x, y) != reference[i++];
         ASSERT_EQ(0u, differ) << round;
+    }
+}
+
+// Documents that would keep the rasteriser busy for seconds, or make it write
+// through a failed allocation, give an empty render; drawings of ordinary
+// size still render.
+TEST(Svg, RendersTooLargeForTheRasteriserAreRefused) {
+    const auto line = [](const char* to, const char* extra) {
+        return std::string("<svg xmlns='http://www.w3.org/2000/svg' width='6' height='6'><path d='M1 1 L") + to +
+               " 5' stroke='#000' " + extra + "/></svg>";
+    };
+    const auto zigzag = [](int segments) {
+        std::string path = "<svg xmlns='http://www.w3.org/2000/svg' width='64' height='64'><path d='M0 0";
+        char point[32];
+        for (int i = 0; i < segments; ++i) {
+            std::snprintf(point, sizeof(point), " L%.3f %d", i * 64.0 / segments, (i % 2) * 64);
+            path += point;
+        }
+        return path + "'/></svg>";
+    };
+    CSvgImage svg;
+    struct Case {
+        std::string document;
+        float scale;
+        bool renders;
+    };
+    const Case cases[] = {
+        {line("4e8", "stroke-dasharray='5'"), 1.0f, false},
+        {line("1e6", "stroke-dasharray='5'"), 1.0f, false},
+        {line("1e6", "stroke-dasharray='5 0.001'"), 1.0f, false},
+        {line("1e7", ""), 1.0f, true},
+        {line("500", "stroke-dasharray='5'"), 2.0f, true},
+        {line("500", "stroke-dasharray='5' stroke-linecap='round'"), 2.0f, true},
+        {zigzag(32000), 1.0f, false},
+        {zigzag(16000), 1.0f, false},
+        {zigzag(2000), 2.0f, true},
+    };
+    for (const Case& c : cases) {
+        ASSERT_TRUE(svg.SetSvg(c.document.c_str())) << c.document.substr(0, 120);
+        EXPECT_EQ(c.renders, static_cast<bool>(svg.Render(c.scale).IsValid())) << c.document.substr(0, 120);
+        EXPECT_EQ(c.renders, static_cast<bool>(svg.RenderEx(c.scale))) << c.document.substr(0, 120);
     }
 }
 

@@ -242,12 +242,87 @@ bool RenderSize(float width, float height, float scale, int& cx, int& cy) {
     return true;
 }
 
+// The rasteriser's cost grows with the square of the edges of one shape that
+// share scanlines, and its buffers grow without a check: a dashed line far
+// longer than the image, or a path of tens of thousands of zig-zags, takes
+// seconds to minutes or writes through a failed allocation. These are upper
+// estimates of the edges it would build, so that such a render is refused
+// before it starts. Ordinary icons and drawings stay far below the limits.
+const double kMaxEdgesPerShape = 12000.0;
+// A dash's few edges span only the stroke's width, so dashes cost less each.
+const double kMaxDashesPerShape = 10000.0;
+const double kMaxEdgesPerImage = 1000000.0;
+
+double ControlPolygonLength(const float* p) {
+    return std::hypot(p[2] - p[0], p[3] - p[1]) + std::hypot(p[4] - p[2], p[5] - p[3]) +
+           std::hypot(p[6] - p[4], p[7] - p[5]);
+}
+
+// The points the rasteriser's flattener makes of one cubic: the same
+// flatness test and depth limit, counted instead of stored, and given up
+// once past the limit.
+void CountFlattenedPoints(float x1, float y1, float x2, float y2, float x3, float y3, float x4, float y4, int level,
+                          double& count) {
+    if (level > 10 || count > kMaxEdgesPerShape) return;
+    const float dx = x4 - x1, dy = y4 - y1;
+    const float d2 = std::fabs((x2 - x4) * dy - (y2 - y4) * dx);
+    const float d3 = std::fabs((x3 - x4) * dy - (y3 - y4) * dx);
+    if ((d2 + d3) * (d2 + d3) < 0.25f * (dx * dx + dy * dy)) {
+        count += 1.0;
+        return;
+    }
+    const float x12 = (x1 + x2) * 0.5f, y12 = (y1 + y2) * 0.5f, x23 = (x2 + x3) * 0.5f, y23 = (y2 + y3) * 0.5f;
+    const float x34 = (x3 + x4) * 0.5f, y34 = (y3 + y4) * 0.5f;
+    const float x123 = (x12 + x23) * 0.5f, y123 = (y12 + y23) * 0.5f, x234 = (x23 + x34) * 0.5f,
+                y234 = (y23 + y34) * 0.5f;
+    const float x1234 = (x123 + x234) * 0.5f, y1234 = (y123 + y234) * 0.5f;
+    CountFlattenedPoints(x1, y1, x12, y12, x123, y123, x1234, y1234, level + 1, count);
+    CountFlattenedPoints(x1234, y1234, x234, y234, x34, y34, x4, y4, level + 1, count);
+}
+
+bool RenderWorkIsBounded(const NSVGimage& image, float scale) {
+    double total = 0.0;
+    for (const NSVGshape* shape = image.shapes; shape != nullptr; shape = shape->next) {
+        if ((shape->flags & NSVG_FLAGS_VISIBLE) == 0) continue;
+        double points = 0.0, length = 0.0;
+        for (const NSVGpath* path = shape->paths; path != nullptr; path = path->next) {
+            points += 2.0;  // the start, and the point that closes the path
+            for (int i = 0; i + 3 < path->npts; i += 3) {
+                const float* p = &path->pts[i * 2];
+                CountFlattenedPoints(p[0], p[1], p[2], p[3], p[4], p[5], p[6], p[7], 0, points);
+                length += ControlPolygonLength(p) * scale;
+            }
+        }
+        const double fill = shape->fill.type != NSVG_PAINT_NONE ? points : 0.0;
+        double stroke = 0.0;
+        if (shape->stroke.type != NSVG_PAINT_NONE && shape->strokeWidth * scale > 0.0f) {
+            // Each point gives two edges and a join; round joins and caps a few more.
+            stroke = points * (shape->strokeLineJoin == NSVG_JOIN_ROUND ? 8.0 : 2.0);
+            if (shape->strokeDashCount > 0) {
+                double period = 0.0;
+                for (int i = 0; i < shape->strokeDashCount; ++i) period += shape->strokeDashArray[i];
+                period *= scale;
+                const double dashes = (period > 0.0 ? length / period : length) * shape->strokeDashCount;
+                if (!(dashes <= kMaxDashesPerShape)) return false;
+                stroke += dashes * (shape->strokeLineCap == NSVG_CAP_ROUND ? 24.0 : 6.0);
+            } else if (!(stroke <= kMaxEdgesPerShape)) {
+                return false;
+            }
+        }
+        if (!(fill <= kMaxEdgesPerShape)) return false;
+        total += fill + stroke;
+        if (total > kMaxEdgesPerImage) return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 CBitmap CSvgImage::Render(float scale) const {
     if (!IsValid()) return CBitmap();
     int width = 0, height = 0;
     if (!RenderSize(m_image->width, m_image->height, scale, width, height)) return CBitmap();
+    if (!RenderWorkIsBounded(*m_image, scale)) return CBitmap();
     BITMAPINFO info = {};
     info.bmiHeader = {sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
     void* bits = nullptr;
@@ -267,6 +342,7 @@ std::unique_ptr<Gdiplus::Bitmap> CSvgImage::RenderEx(float scale) const {
     if (!IsValid()) return nullptr;
     int width = 0, height = 0;
     if (!RenderSize(m_image->width, m_image->height, scale, width, height)) return nullptr;
+    if (!RenderWorkIsBounded(*m_image, scale)) return nullptr;
     auto bitmap = std::make_unique<Gdiplus::Bitmap>(width, height, PixelFormat32bppARGB);
     if (bitmap->GetLastStatus() != Gdiplus::Ok) return nullptr;
     Gdiplus::Rect whole(0, 0, width, height);
