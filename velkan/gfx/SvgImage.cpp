@@ -1,10 +1,12 @@
 #include "velkan/gfx/SvgImage.h"
 
+#include <malloc.h>
+
 #include <algorithm>
 #include <cctype>
-#include <climits>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <vector>
 
@@ -12,7 +14,31 @@
 #define NANOSVG_IMPLEMENTATION
 #define NANOSVGRAST_IMPLEMENTATION
 #include <nanosvg.h>
+
+namespace {
+
+// The rasteriser strokes the last piece of a dashed line from point fields
+// it never computed, so its output would depend on whatever its buffers
+// held. Its memory is zeroed when it grows and cleared before each render
+// (ClearRasterizerPoints), which makes those reads the same every time.
+void* ZeroedRealloc(void* block, size_t size) {
+    const size_t old = block != nullptr ? _msize(block) : 0;
+    void* grown = std::realloc(block, size);
+    if (grown != nullptr && size > old) std::memset(static_cast<char*>(grown) + old, 0, size - old);
+    return grown;
+}
+
+void* ZeroedMalloc(size_t size) {
+    return std::calloc(1, size);
+}
+
+}  // namespace
+
+#define malloc(size) ZeroedMalloc(size)
+#define realloc(block, size) ZeroedRealloc(block, size)
 #include <nanosvgrast.h>
+#undef malloc
+#undef realloc
 
 #include "velkan/app/App.h"
 #include "velkan/core/Exceptions.h"
@@ -230,13 +256,17 @@ void CSvgImage::ABGRtoARGB(void* bits, int width, int height, int stride) {
 namespace {
 
 // The pixel size of a render, or false when it cannot be made: not finite,
-// empty, or more bytes than a 32-bit size can count (the graphics libraries
-// would then hand the rasteriser a buffer smaller than the image).
+// empty, or more than 2^24 pixels (4096 x 4096, 64 MiB). Past that the
+// rasteriser needs seconds, and past 2^29 pixels the byte count no longer
+// fits the 32-bit sizes of the graphics libraries, which then hand the
+// rasteriser a buffer smaller than the image.
+const double kMaxRenderPixels = 16777216.0;
+
 bool RenderSize(float width, float height, float scale, int& cx, int& cy) {
     const double w = std::ceil(static_cast<double>(width) * scale);
     const double h = std::ceil(static_cast<double>(height) * scale);
     if (!std::isfinite(w) || !std::isfinite(h) || w < 1.0 || h < 1.0) return false;
-    if (w * h * 4.0 > static_cast<double>(INT_MAX)) return false;
+    if (w * h > kMaxRenderPixels) return false;
     cx = static_cast<int>(w);
     cy = static_cast<int>(h);
     return true;
@@ -316,6 +346,11 @@ bool RenderWorkIsBounded(const NSVGimage& image, float scale) {
     return true;
 }
 
+void ClearRasterizerPoints(NSVGrasterizer& rasterizer) {
+    if (rasterizer.points != nullptr) std::memset(rasterizer.points, 0, sizeof(NSVGpoint) * rasterizer.cpoints);
+    if (rasterizer.points2 != nullptr) std::memset(rasterizer.points2, 0, sizeof(NSVGpoint) * rasterizer.cpoints2);
+}
+
 }  // namespace
 
 CBitmap CSvgImage::Render(float scale) const {
@@ -331,6 +366,7 @@ CBitmap CSvgImage::Render(float scale) const {
         if (dib != nullptr) ::DeleteObject(dib);
         return CBitmap();
     }
+    ClearRasterizerPoints(*m_rasterizer);
     nsvgRasterize(m_rasterizer.get(), m_image.get(), 0, 0, scale, static_cast<unsigned char*>(bits), width, height,
                   width * 4);
     ABGRtoARGB(bits, width, height, width * 4);
@@ -348,6 +384,7 @@ std::unique_ptr<Gdiplus::Bitmap> CSvgImage::RenderEx(float scale) const {
     Gdiplus::Rect whole(0, 0, width, height);
     Gdiplus::BitmapData data = {};
     if (bitmap->LockBits(&whole, Gdiplus::ImageLockModeWrite, PixelFormat32bppARGB, &data) != Gdiplus::Ok) return nullptr;
+    ClearRasterizerPoints(*m_rasterizer);
     nsvgRasterize(m_rasterizer.get(), m_image.get(), 0, 0, scale, static_cast<unsigned char*>(data.Scan0), width, height,
                   data.Stride);
     ABGRtoARGB(data.Scan0, width, height, data.Stride);
