@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <climits>
+#include <cwctype>
+#include <random>
 #include <string>
 
 #include "TestText.h"
+#include "support/Fuzz.h"
 #include "velkan/core/String.h"
 
 using Velkan::CString;
@@ -524,4 +527,114 @@ TEST(StringIterators, WalkTheUnitsBothWays) {
     EXPECT_EQ(1, std::count(cs.cbegin(), cs.cend(), L'B'));
     EXPECT_EQ(L'C', *cs.crbegin());
     EXPECT_TRUE(CString().begin() == CString().end());
+}
+
+// Random operation sequences against a model: the text as std::wstring plus
+// a null flag. The model spells out the deliberate rules: appending to null
+// and emptying null keep null, an empty text never ends a string, StartsWith is false on an
+// empty string, a null replacement with a match makes the string null.
+TEST(String, RandomOperationsAgreeWithAModel) {
+    const Testing::FuzzRun run = Testing::FuzzSettings("CString model", 20000);
+    std::mt19937 random(run.seed);
+    const wchar_t letters[] = L"ab \t\x00e9\xD83D\xDE00";
+    const auto text = [&](size_t most) {
+        std::wstring t(random() % (most + 1), L'a');
+        for (wchar_t& c : t) c = letters[random() % (sizeof(letters) / sizeof(wchar_t) - 1)];
+        return t;
+    };
+    CString s;
+    std::wstring model;
+    bool null = true;
+    for (int round = 0; round < run.rounds; ++round) {
+        const std::wstring a = text(4), b = text(3);
+        const int start = static_cast<int>(random() % (model.size() + 6)) - 3;
+        const unsigned operation = random() % 12;
+        const std::wstring where = L"seed " + std::to_wstring(run.seed) + L", round " + std::to_wstring(round) +
+                                   L", operation " + std::to_wstring(operation) + L", text '" + a + L"'";
+        switch (operation) {
+        case 0: s.SetString(a.c_str(), static_cast<int>(a.size())); model = a; null = false; break;
+        case 1: s.SetNull(); model.clear(); null = true; break;
+        case 2: s.SetEmpty(); model.clear(); break;  // null stays null
+        case 3:
+            s.Append(a.c_str(), static_cast<int>(a.size()));
+            if (!null) model += a;
+            break;
+        case 4:
+            s.Append(L'b');
+            if (!null) model += L'b';
+            break;
+        case 5: {
+            size_t expected = null || model.empty() || a.empty() || start >= static_cast<int>(model.size())
+                                  ? std::wstring::npos
+                                  : model.find(a, static_cast<size_t>(std::max(start, 0)));
+            ASSERT_EQ(expected == std::wstring::npos ? -1 : static_cast<int>(expected), s.IndexOf(a.c_str(), start))
+                << where;
+            const wchar_t ch = a.empty() ? L'a' : a[0];
+            expected = null || model.empty() || start >= static_cast<int>(model.size())
+                           ? std::wstring::npos
+                           : model.find(ch, static_cast<size_t>(std::max(start, 0)));
+            ASSERT_EQ(expected == std::wstring::npos ? -1 : static_cast<int>(expected), s.IndexOf(ch, start))
+                << where;
+            break;
+        }
+        case 6: {
+            const size_t expected = null || model.empty() || a.empty() ? std::wstring::npos : model.rfind(a);
+            ASSERT_EQ(expected == std::wstring::npos ? -1 : static_cast<int>(expected), s.LastIndexOf(a.c_str()))
+                << where;
+            break;
+        }
+        case 7:
+            ASSERT_EQ(!null && !model.empty() && model.compare(0, a.size(), a) == 0 && model.size() >= a.size(),
+                      s.StartsWith(a.c_str()))
+                << where;
+            ASSERT_EQ(!null && !a.empty() && model.size() >= a.size() &&
+                          model.compare(model.size() - a.size(), a.size(), a) == 0,
+                      s.EndsWith(a.c_str()))
+                << where;
+            break;
+        case 8: {
+            const bool nullReplacement = random() % 5 == 0;
+            s.Replace(a.c_str(), nullReplacement ? nullptr : b.c_str());
+            if (null || model.empty() || a.empty() || model.find(a) == std::wstring::npos) break;
+            if (nullReplacement) {
+                model.clear();
+                null = true;
+                break;
+            }
+            std::wstring result;
+            size_t last = 0;
+            for (size_t at = model.find(a); at != std::wstring::npos; at = model.find(a, last)) {
+                result += model.substr(last, at - last) + b;
+                last = at + a.size();
+            }
+            model = result + model.substr(last);
+            break;
+        }
+        case 9: {
+            s.Trim();
+            if (null) break;
+            const auto space = [](wchar_t c) { return std::iswspace(c) != 0; };
+            while (!model.empty() && space(model.front())) model.erase(0, 1);
+            while (!model.empty() && space(model.back())) model.pop_back();
+            break;
+        }
+        case 10:
+            if (!null && !model.empty()) {
+                const int from = static_cast<int>(random() % model.size());
+                const int count = static_cast<int>(random() % (model.size() - from + 1));
+                ASSERT_EQ(model.substr(from, count), W(s.Substring(from, count))) << where;
+            }
+            break;
+        default: {
+            CString copy(s);
+            ASSERT_TRUE(copy == s) << where;
+            s = std::move(copy);
+        }
+        }
+        ASSERT_EQ(null, s.IsNull()) << where;
+        if (!null) {
+            ASSERT_EQ(model, W(s)) << where;
+        }
+        ASSERT_EQ(static_cast<int>(model.size()), s.GetLength()) << where;
+    }
 }

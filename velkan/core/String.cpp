@@ -395,6 +395,7 @@ CString CString::FormatS(const wchar_t* format, ...) {
 
 int CString::IndexOf(const wchar_t* text, int start) const {
     if (IsNullOrEmpty() || text == nullptr || text[0] == L'\0' || start >= m_length) return -1;
+    if (start < 0) start = 0;  // every position is at or after a negative start
     const int n = SafeLength(text);
     const wchar_t first = text[0];
     const wchar_t* const end = m_buffer + m_length;
@@ -409,6 +410,7 @@ int CString::IndexOf(const wchar_t* text, int start) const {
 
 int CString::IndexOf(wchar_t ch, int start) const {
     if (IsNullOrEmpty() || start >= m_length) return -1;
+    if (start < 0) start = 0;
     const wchar_t* p = std::wmemchr(m_buffer + start, ch, static_cast<std::size_t>(m_length - start));
     return p != nullptr ? static_cast<int>(p - m_buffer) : -1;
 }
