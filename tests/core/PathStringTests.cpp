@@ -8,6 +8,7 @@
 #include <string>
 
 #include "TestText.h"
+#include "support/Fuzz.h"
 #include "velkan/core/Exceptions.h"
 #include "velkan/core/PathString.h"
 
@@ -154,5 +155,55 @@ TEST(PathSystem, TempAndKnownFolders) {
     } catch (const Velkan::CHResultException& e) {
         EXPECT_LT(e.GetHResult(), 0);
         EXPECT_EQ(0, std::string(e.what()).rfind("Failed to get known folder path", 0));
+    }
+}
+
+// Random paths of separators, drives, UNC prefixes, dots and tildes, some
+// very long: every query answers without a crash, and the answers agree
+// with one another.
+TEST(PathString, RandomPathsGiveConsistentParts) {
+    const Testing::FuzzRun run = Testing::FuzzSettings("path strings", 5000);
+    std::mt19937 random(run.seed);
+    const wchar_t* pieces[] = {L"\\", L"/", L"\\\\", L"C:", L"c:\\", L"\\\\server\\share", L".", L"..",
+                               L"a", L"name", L".ext", L"~1", L" ", L":", L"\x00e9"};
+    for (int round = 0; round < run.rounds; ++round) {
+        std::wstring text;
+        const int count = random() % 50 == 0 ? 2000 : static_cast<int>(random() % 8);
+        for (int i = 0; i < count; ++i) text += pieces[random() % (sizeof(pieces) / sizeof(pieces[0]))];
+        const CPathString path(text.c_str());
+        const std::wstring where = L"seed " + std::to_wstring(run.seed) + L", round " + std::to_wstring(round) +
+                                   L": '" + text.substr(0, 80) + L"'";
+
+        const CPathString name = path.GetFileName();
+        if (!name.IsNull()) {
+            const std::wstring n = W(name);
+            ASSERT_FALSE(n.empty()) << where;
+            ASSERT_EQ(std::wstring::npos, n.find_first_of(L"\\/")) << where;
+            ASSERT_EQ(n, text.substr(text.size() - n.size())) << where;
+            const CPathString extension = path.GetFileExtension();
+            const std::wstring stem = W(path.GetFileNameWithoutExtension());
+            if (extension.IsNull()) {
+                ASSERT_EQ(n, stem) << where;
+            } else {
+                ASSERT_EQ(L'.', extension[0]) << where;
+                ASSERT_EQ(n, stem + W(extension)) << where;
+            }
+            ASSERT_EQ(n.substr(n.find_last_of(L'~') == std::wstring::npos ? 0 : n.find_last_of(L'~') + 1),
+                      W(path.GetFileNameWithoutTilde()))
+                << where;
+        }
+        path.GetVolume();
+        path.GetPath();
+        path.IsUncPath();
+        for (int length : {-1, 0, 3, 10, 40, static_cast<int>(text.size()) + 1}) path.AbbreviatePath(length);
+
+        // Chopping path parts ends at the empty string, one part at a time.
+        CPathString chopped(path);
+        for (int steps = 0; !chopped.IsNullOrEmpty(); ++steps) {
+            const int before = chopped.GetLength();
+            chopped.ChopLastPathPart();
+            ASSERT_LT(chopped.GetLength(), before) << where;
+            ASSERT_LE(steps, static_cast<int>(text.size())) << where;
+        }
     }
 }

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <cstdio>
+#include <cwchar>
 #include <random>
 #include <regex>
 #include <stdexcept>
@@ -149,4 +150,45 @@ TEST(QueryString, EncodesEachUtf16UnitOfTheValues) {
           .WithParam(L"keep", L"-_.~Az9").WithParam(L"q", L"again");
     EXPECT_EQ(L"q=a%20b%26c&e=%E9&euro=%20AC&keep=-_.~Az9&q=again", S(values.Build()));
     EXPECT_EQ(L"", S(CQueryStringBuilder().Build()));
+}
+
+// Random values of any units against a reference encoder written from the
+// wire form: ASCII letters, digits and "-_.~" as they are, every other unit
+// as "%" and its value in at least two upper-case hex digits.
+TEST(QueryString, AgreesWithAReferenceEncoder) {
+    const Testing::FuzzRun run = Testing::FuzzSettings("query string differential", 3000);
+    std::mt19937 random(run.seed);
+    const auto encode = [](const std::wstring& value) {
+        std::wstring out;
+        for (wchar_t unit : value) {
+            if ((unit >= L'a' && unit <= L'z') || (unit >= L'A' && unit <= L'Z') || (unit >= L'0' && unit <= L'9') ||
+                std::wcschr(L"-_.~", unit) != nullptr) {
+                out += unit;
+            } else {
+                wchar_t hex[8];
+                std::swprintf(hex, 8, L"%%%02X", static_cast<unsigned>(unit));
+                out += hex;
+            }
+        }
+        return out;
+    };
+    for (int round = 0; round < run.rounds; ++round) {
+        CQueryStringBuilder builder;
+        std::wstring expected;
+        for (int i = 0, count = static_cast<int>(random() % 4); i < count; ++i) {
+            const std::wstring name(1 + random() % 3, static_cast<wchar_t>(L'a' + random() % 26));
+            std::wstring value(random() % 6, L'x');
+            for (wchar_t& unit : value) {
+                switch (random() % 3) {
+                case 0: unit = static_cast<wchar_t>(1 + random() % 0x7F); break;
+                case 1: unit = static_cast<wchar_t>(0x80 + random() % 0x80); break;
+                default: unit = static_cast<wchar_t>(0x100 + random() % 0xFF00); break;
+                }
+            }
+            builder.WithParam(name.c_str(), value.c_str());
+            if (!expected.empty()) expected += L'&';
+            expected += name + L'=' + encode(value);
+        }
+        ASSERT_EQ(expected, S(builder.Build())) << "seed " << run.seed << ", round " << round;
+    }
 }
