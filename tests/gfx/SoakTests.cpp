@@ -3,6 +3,7 @@
 #include <windows.h>
 #include <psapi.h>
 
+#include <memory>
 #include <vector>
 
 #include "Dib.h"
@@ -101,10 +102,15 @@ void Soak(const char* family, int rounds, Round round) {
     }
 }
 
+std::unique_ptr<TableFiller<HGDIOBJ>> FillGdiTable() {
+    return std::make_unique<TableFiller<HGDIOBJ>>(
+        [] { return static_cast<HGDIOBJ>(::CreateSolidBrush(RGB(9, 9, 9))); }, DeleteGdiObject);
+}
+
 }  // namespace
 
 TEST(Soak, GdiWrappersGiveBackWhatTheyTake) {
-    TableFiller<HGDIOBJ> gdi([] { return static_cast<HGDIOBJ>(::CreateSolidBrush(RGB(9, 9, 9))); }, DeleteGdiObject);
+    const auto gdi = FillGdiTable();
     Soak("brushes", kRounds, [] {
         CBrush brush;
         return brush.CreateSolidBrush(RGB(1, 2, 3)) != nullptr;
@@ -143,7 +149,7 @@ TEST(Soak, GdiWrappersGiveBackWhatTheyTake) {
 }
 
 TEST(Soak, MenusAndSvgRendersGiveBackWhatTheyTake) {
-    TableFiller<HGDIOBJ> gdi([] { return static_cast<HGDIOBJ>(::CreateSolidBrush(RGB(9, 9, 9))); }, DeleteGdiObject);
+    const auto gdi = FillGdiTable();
     TableFiller<HMENU> user([] { return ::CreatePopupMenu(); }, DestroyMenuHandle);
     Soak("menus", kRounds, [] {
         CMenu menu;
@@ -162,7 +168,7 @@ TEST(Soak, MenusAndSvgRendersGiveBackWhatTheyTake) {
 // The check itself: a loop that keeps one brush a round runs out of
 // handles (Wine) or raises the count (Windows) within the rounds.
 TEST(Soak, ALeakOfOneHandleARoundIsCaught) {
-    TableFiller<HGDIOBJ> gdi([] { return static_cast<HGDIOBJ>(::CreateSolidBrush(RGB(9, 9, 9))); }, DeleteGdiObject);
+    const auto gdi = FillGdiTable();
     const Usage before = Measure();
     std::vector<HBRUSH> leaked;
     for (int i = 0; i < kRounds; ++i) {
