@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <windows.h>
-#include <psapi.h>
 
-#include <memory>
 #include <vector>
 
 #include "Dib.h"
@@ -15,97 +13,16 @@
 #include "velkan/gfx/ScopedDC.h"
 #include "velkan/gfx/SvgImage.h"
 #include "velkan/menu/Menu.h"
+#include "support/Soak.h"
 
 using namespace Velkan;
 using Testing::Canvas;
 using Testing::Dib;
+using namespace Testing;
 
 namespace {
 
-// Each wrapper is made, used and destroyed many times over, and the
-// process's resources must not grow.
-//
-// Windows counts GDI and USER objects (GetGuiResources) and private bytes,
-// and they are compared before and after. Wine 8 reports 0 for all three.
-// There the handle tables do the checking: they are filled up to a
-// headroom of a few thousand handles first (Wine's GDI table holds about
-// 65,500 objects, its USER table about 32,700), so a wrapper that leaks one
-// handle a round fails to create its object before the loop ends.
-const int kHeadroom = 3000;
 const int kRounds = 4000;
-
-// Takes every free handle of one table but the headroom, and gives them
-// back when it goes.
-template <typename Handle>
-class TableFiller {
-public:
-    template <typename Create>
-    explicit TableFiller(Create create, BOOL (*destroy)(Handle)) : m_destroy(destroy) {
-        if (::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS) != 0) return;  // counted instead
-        for (Handle handle; m_handles.size() < 100000 && (handle = create()) != nullptr;) m_handles.push_back(handle);
-        for (int i = 0; i < kHeadroom && !m_handles.empty(); ++i) Release();
-    }
-    ~TableFiller() {
-        while (!m_handles.empty()) Release();
-    }
-    TableFiller(const TableFiller&) = delete;
-    TableFiller& operator=(const TableFiller&) = delete;
-
-private:
-    void Release() {
-        m_destroy(m_handles.back());
-        m_handles.pop_back();
-    }
-
-    BOOL (*m_destroy)(Handle);
-    std::vector<Handle> m_handles;
-};
-
-BOOL DeleteGdiObject(HGDIOBJ object) {
-    return ::DeleteObject(object);
-}
-
-BOOL DestroyMenuHandle(HMENU menu) {
-    return ::DestroyMenu(menu);
-}
-
-struct Usage {
-    DWORD gdi;
-    DWORD user;
-    SIZE_T privateBytes;
-};
-
-Usage Measure() {
-    PROCESS_MEMORY_COUNTERS_EX memory = {};
-    memory.cb = sizeof(memory);
-    ::GetProcessMemoryInfo(::GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory),
-                           sizeof(memory));
-    return {::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS),
-            ::GetGuiResources(::GetCurrentProcess(), GR_USEROBJECTS), memory.PrivateUsage};
-}
-
-template <typename Round>
-void Soak(const char* family, int rounds, Round round) {
-    // A first pass settles caches (stock objects, font tables, heaps).
-    for (int i = 0; i < 100; ++i) ASSERT_TRUE(round()) << family;
-    const Usage before = Measure();
-    for (int i = 0; i < rounds; ++i) ASSERT_TRUE(round()) << family << ", round " << i;
-    const Usage after = Measure();
-    if (before.gdi != 0) {
-        EXPECT_LE(after.gdi, before.gdi + 8) << family;
-    }
-    if (before.user != 0) {
-        EXPECT_LE(after.user, before.user + 8) << family;
-    }
-    if (before.privateBytes != 0) {
-        EXPECT_LE(after.privateBytes, before.privateBytes + (4u << 20)) << family;
-    }
-}
-
-std::unique_ptr<TableFiller<HGDIOBJ>> FillGdiTable() {
-    return std::make_unique<TableFiller<HGDIOBJ>>(
-        [] { return static_cast<HGDIOBJ>(::CreateSolidBrush(RGB(9, 9, 9))); }, DeleteGdiObject);
-}
 
 }  // namespace
 
@@ -150,7 +67,7 @@ TEST(Soak, GdiWrappersGiveBackWhatTheyTake) {
 
 TEST(Soak, MenusAndSvgRendersGiveBackWhatTheyTake) {
     const auto gdi = FillGdiTable();
-    TableFiller<HMENU> user([] { return ::CreatePopupMenu(); }, DestroyMenuHandle);
+    const auto user = FillUserTable();
     Soak("menus", kRounds, [] {
         CMenu menu;
         if (menu.CreatePopupMenu() == nullptr) return false;
@@ -169,14 +86,14 @@ TEST(Soak, MenusAndSvgRendersGiveBackWhatTheyTake) {
 // handles (Wine) or raises the count (Windows) within the rounds.
 TEST(Soak, ALeakOfOneHandleARoundIsCaught) {
     const auto gdi = FillGdiTable();
-    const Usage before = Measure();
+    const Usage before = MeasureUsage();
     std::vector<HBRUSH> leaked;
     for (int i = 0; i < kRounds; ++i) {
         HBRUSH brush = ::CreateSolidBrush(RGB(1, 2, 3));
         if (brush == nullptr) break;
         leaked.push_back(brush);
     }
-    const Usage after = Measure();
+    const Usage after = MeasureUsage();
     if (before.gdi != 0) {
         EXPECT_GE(after.gdi, before.gdi + kRounds);
     } else {

@@ -243,9 +243,10 @@ TEST(Svg, RendersTooLargeForTheRasteriserAreRefused) {
         bool renders;
     };
     const Case cases[] = {
-        {line("4e8", "stroke-dasharray='5'"), 1.0f, false},
-        {line("1e6", "stroke-dasharray='5'"), 1.0f, false},
-        {line("1e6", "stroke-dasharray='5 0.001'"), 1.0f, false},
+        {line("4e8", "stroke-dasharray='5' stroke-linecap='round'"), 1.0f, true},
+        {line("1e6", "stroke-dasharray='5 0.001'"), 2.0f, true},
+        {"<svg xmlns='http://www.w3.org/2000/svg' width='6' height='6'><path d='M1 1 C1e6 1 1e6 5 1 5' "
+         "stroke='#000' stroke-dasharray='1' fill='none'/></svg>", 1.0f, false},
         {line("1e7", ""), 1.0f, true},
         {line("500", "stroke-dasharray='5'"), 2.0f, true},
         {line("500", "stroke-dasharray='5' stroke-linecap='round'"), 2.0f, true},
@@ -257,6 +258,59 @@ TEST(Svg, RendersTooLargeForTheRasteriserAreRefused) {
         ASSERT_TRUE(svg.SetSvg(c.document.c_str())) << c.document.substr(0, 120);
         EXPECT_EQ(c.renders, static_cast<bool>(svg.Render(c.scale).IsValid())) << c.document.substr(0, 120);
         EXPECT_EQ(c.renders, static_cast<bool>(svg.RenderEx(c.scale))) << c.document.substr(0, 120);
+    }
+}
+
+// Dashed strokes that reach millions of units past the image are shortened
+// out there: what can be seen is what a copy that stays near the image draws,
+// dash for dash, and a fill keeps its winding.
+TEST(Svg, FarDashedStrokesDrawWhatANearCopyDraws) {
+    const auto document = [](const std::string& path, const char* paint) {
+        return "<svg xmlns='http://www.w3.org/2000/svg' width='6' height='6'><path d='" + path + "' " + paint +
+               "/></svg>";
+    };
+    const char* dashed = "stroke='#000' stroke-dasharray='2 1' fill='none'";
+    struct Case {
+        std::string distant, close;
+    };
+    const Case cases[] = {
+        // Out along a line: the close copy stops on the same line.
+        {document("M1 1 L4e8 5", "stroke='#000' stroke-dasharray='5' fill='none'"),
+         document("M1 1 L1001 1.00001", "stroke='#000' stroke-dasharray='5' fill='none'")},
+        // Out and back: lengths that differ by whole dash patterns.
+        {document("M1 2 L3000021 2 L3000021 4 L1 4", dashed), document("M1 2 L21 2 L21 4 L1 4", dashed)},
+        // The same, starting distant away.
+        {document("M3000021 2 L1 2 L1 4", dashed), document("M21 2 L1 2 L1 4", dashed)},
+        // Three quarters of a turn around the image and back: the fill under
+        // an unseen dashed stroke is the fill of a smaller copy without one.
+        // (The rasteriser's own fill is a little off at millions of units.)
+        {document("M3 3 L3e6 3 L3 -3e6 L-3e6 3 L3 3e6 L4 4 Z",
+                  "fill='#000' stroke='#000' stroke-opacity='0' stroke-dasharray='2'"),
+         document("M3 3 L300 3 L3 -300 L-300 3 L3.9999013 300 L4 4 Z", "fill='#000' stroke='none'")},
+    };
+    for (const Case& c : cases) {
+        CSvgImage distant, close;
+        ASSERT_TRUE(distant.SetSvg(c.distant.c_str())) << c.distant;
+        ASSERT_TRUE(close.SetSvg(c.close.c_str())) << c.close;
+        for (float scale : {1.0f, 2.0f}) {
+            const CBitmap distantBitmap = distant.Render(scale), closeBitmap = close.Render(scale);
+            ASSERT_TRUE(distantBitmap.IsValid()) << c.distant;
+            ASSERT_TRUE(closeBitmap.IsValid()) << c.close;
+            int differences = 0, inked = 0;
+            const CSize size = closeBitmap.GetSize();
+            for (int y = 0; y < size.cy; ++y) {
+                for (int x = 0; x < size.cx; ++x) {
+                    const uint32_t a = Pixel(distantBitmap, x, y), b = Pixel(closeBitmap, x, y);
+                    inked += (b >> 24) != 0;
+                    for (int shift = 0; shift < 32; shift += 8) {
+                        if (std::abs(static_cast<int>((a >> shift) & 0xFF) - static_cast<int>((b >> shift) & 0xFF)) > 2)
+                            ++differences;
+                    }
+                }
+            }
+            EXPECT_GT(inked, 0) << c.close;
+            EXPECT_EQ(0, differences) << c.distant << " at " << scale;
+        }
     }
 }
 

@@ -45,6 +45,7 @@ void* ZeroedMalloc(size_t size) {
 #include "velkan/core/File.h"
 #include "velkan/core/Resource.h"
 #include "velkan/gfx/detail/PixelSwap.h"
+#include "velkan/gfx/detail/SvgFarStrokes.h"
 
 namespace Velkan {
 
@@ -204,6 +205,7 @@ BOOL CSvgImage::SetSvg(const char* svg, UINT length) {
     // The parser edits the text it reads, so it gets its own copy.
     m_image.reset(nsvgParse(&text[0], "px", 96.0f));
     if (m_image && !ImageIsFinite(*m_image)) Reset();
+    if (m_image) Detail::ShortenFarDashedStrokes(*m_image);
     return IsValid();
 }
 
