@@ -9,6 +9,7 @@
 #include "velkan/app/NotificationCenter.h"
 #include "velkan/core/Geometry.h"
 #include "velkan/app/Wnd.h"
+#include "velkan/app/ResourceIds.h"
 #include "velkan/app/App.h"
 #include "velkan/app/Thread.h"
 #include "velkan/gfx/DC.h"

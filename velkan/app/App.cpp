@@ -1,4 +1,5 @@
 // Start-up, shutdown and the message loop of the application object.
+#include "velkan/app/ResourceIds.h"
 #include "velkan/app/App.h"
 
 #include <commctrl.h>
@@ -70,8 +71,8 @@ CApp::CApp() {
     WithExtension(m_helpPath, m_modulePath, L".hlp");
     WithExtension(m_htmlHelpPath, m_modulePath, L".chm");
 
-    ::LoadStringW(m_instance, 0xE002, m_companyKey, 64);
-    ::LoadStringW(m_instance, 0xE000, m_appKey, 64);
+    ::LoadStringW(m_instance, VELKAN_IDS_COMPANY, m_companyKey, 64);
+    ::LoadStringW(m_instance, VELKAN_IDS_APP_TITLE, m_appKey, 64);
 
     DWORD firstRun = 0;
     if (RegQueryDWORD(L"Settings", L"FirstRun", &firstRun)) m_firstRun = static_cast<BOOL>(firstRun);

@@ -1,4 +1,5 @@
 #include "velkan/dialog/FileDialogs.h"
+#include "velkan/app/ResourceIds.h"
 
 #include <shlobj.h>
 
@@ -223,7 +224,7 @@ CBrowseFolderDlg::CBrowseFolderDlg(HINSTANCE instance) : m_instance(CResourceLoa
     FILEOPENDIALOGOPTIONS options = 0;
     m_dialog->GetOptions(&options);
     m_dialog->SetOptions(options | FOS_PICKFOLDERS | FOS_FORCEFILESYSTEM);
-    m_dialog->SetTitle(CResourceString(57344, m_instance));
+    m_dialog->SetTitle(CResourceString(VELKAN_IDS_APP_TITLE, m_instance));
 }
 
 CBrowseFolderDlg::~CBrowseFolderDlg() {

@@ -1,4 +1,5 @@
 #include "velkan/dialog/TaskDialog.h"
+#include "velkan/app/ResourceIds.h"
 
 #include <mutex>
 
@@ -55,7 +56,7 @@ void ITaskDialogNotificationHandler::OnVerificationClicked(CTaskDialog&, BOOL) {
 CTaskDialog::CTaskDialog(HINSTANCE instance) : m_config() {
     m_config.cbSize = sizeof(m_config);
     m_config.hInstance = CResourceLoader::ResolveInstance(instance);
-    m_config.pszWindowTitle = MAKEINTRESOURCEW(57344);
+    m_config.pszWindowTitle = MAKEINTRESOURCEW(VELKAN_IDS_APP_TITLE);
 }
 
 CTaskDialog::~CTaskDialog() = default;
