@@ -4,6 +4,8 @@
 # $(BUILD)-x64 for x86-64. ARCH=x86 or ARCH=x64 limits build and test to
 # one; the default builds and tests both, x86 first. The demo and the
 # benchmarks run the x86 build.
+# Nested makes (CMake's own) print no directory changes.
+MAKEFLAGS += --no-print-directory
 BUILD ?= build
 JOBS ?= $(shell nproc)
 ARCH ?= all
@@ -19,7 +21,7 @@ endif
 build_dir = $(if $(filter x64,$(1)),$(BUILD)-x64,$(BUILD))
 toolchain = cmake/toolchain-$(if $(filter x64,$(1)),x86_64,i686)-mingw.cmake
 
-.PHONY: all setup build test demo bench clean
+.PHONY: all setup build test demo bench clean docs
 
 all: build
 
@@ -43,12 +45,18 @@ build: $(addprefix build-,$(ARCHES))
 test:
 	@status=0; for a in $(ARCHES); do $(MAKE) --no-print-directory test-$$a || status=1; done; exit $$status
 
-demo: build-x86
+# The demo builds only the library and the samples, not the tests.
+demo: configure-x86
+	@cmake --build $(BUILD) -j $(JOBS) --target velkan_console_sample velkan_gallery
 	@scripts/with-display scripts/wine-run $(BUILD)/bin/velkan_console_sample.exe
 	@scripts/demo $(abspath $(BUILD))
 
 bench: build-x86
 	@scripts/with-display scripts/wine-run $(BUILD)/bin/velkan_bench.exe
+
+# The API reference from the public headers, in $(BUILD)/docs/html.
+docs:
+	@scripts/docs $(abspath $(BUILD))/docs
 
 clean:
 	rm -rf $(BUILD) $(BUILD)-x64

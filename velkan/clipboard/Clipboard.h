@@ -13,41 +13,50 @@ namespace Velkan {
 
 class CWnd;
 
-// The system clipboard for one open-to-close use: opened for an owner
-// window, it takes and gives Unicode text, a private block of bytes
-// (format 512, a 4-byte length before the bytes) and bitmaps, and is
-// closed when the object goes out of scope. Nothing throws.
+/// The system clipboard for one open-to-close use: opened for an owner
+/// window, it takes and gives Unicode text, a private block of bytes
+/// (format 512, a 4-byte length before the bytes) and bitmaps, and is
+/// closed when the object goes out of scope. Nothing throws.
 class VELKAN_API CWindowsClipboard {
 public:
+    /// The format of the private block (512).
     static constexpr UINT PrivateFormat = CF_PRIVATEFIRST;
 
-    // Empties the clipboard too when asked and it opened.
+    /// Opens the clipboard for owner. Empties the clipboard too when asked
+    /// and it opened.
     CWindowsClipboard(CWnd& owner, BOOL empty);
-    CWindowsClipboard() = default;
-    // Copies close the clipboard too when they die (kept as is).
+    CWindowsClipboard() = default;  ///< Closed; OpenClipboard opens it.
+    /// Copies close the clipboard too when they die (kept as is).
+    ///@{
     CWindowsClipboard(const CWindowsClipboard&) = default;
     CWindowsClipboard& operator=(const CWindowsClipboard&) = default;
-    virtual ~CWindowsClipboard();
+    ///@}
+    virtual ~CWindowsClipboard();  ///< Closes the clipboard when this object opened it.
 
-    BOOL OpenClipboard(CWnd& owner);
-    BOOL CloseClipboard();
-    BOOL EmptyClipboard() const { return ::EmptyClipboard(); }
-    BOOL IsOpen() const { return m_open; }
+    BOOL OpenClipboard(CWnd& owner);  ///< Opens the clipboard for owner; TRUE when it opened.
+    BOOL CloseClipboard();  ///< Closes the clipboard.
+    BOOL EmptyClipboard() const { return ::EmptyClipboard(); }  ///< EmptyClipboard.
+    BOOL IsOpen() const { return m_open; }  ///< This object has the clipboard open.
 
+    /// The Win32 clipboard function of the same name.
+    ///@{
     static BOOL IsClipboardFormatAvailable(UINT format) { return ::IsClipboardFormatAvailable(format); }
     HANDLE GetClipboardData(UINT format) const { return ::GetClipboardData(format); }
     BOOL SetClipboardData(UINT format, HANDLE data) const { return ::SetClipboardData(format, data) != nullptr; }
+    ///@}
 
-    // A null string when not open or without text.
+    /// The Unicode text. A null string when not open or without text.
     CString GetClipboardText() const;
-    // A text with bare line feeds (and no CR LF) gets CR LF line ends.
-    // Empty text succeeds and places nothing.
+    /// Places Unicode text. A text with bare line feeds (and no CR LF) gets
+    /// CR LF line ends.
+    /// Empty text succeeds and places nothing.
     BOOL SetClipboardString(const CString& text) const;
-    // The payload of the private block, or nothing.
+    /// The payload of the private block, or nothing.
     const std::vector<unsigned char>& GetBinaryClipboardData();
-    // Zero bytes succeed and place nothing.
+    /// Places the private block. Zero bytes succeed and place nothing.
     BOOL SetBinaryClipboardData(const void* data, unsigned long length) const;
-    // As a bitmap compatible with the screen (CF_BITMAP).
+    /// Places a GDI+ bitmap as a bitmap compatible with the screen
+    /// (CF_BITMAP).
     BOOL SetClipboardBitmap(Gdiplus::Bitmap& bitmap) const;
 
 private:

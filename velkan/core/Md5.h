@@ -7,24 +7,31 @@
 
 namespace Velkan {
 
-// The MD5 message digest (RFC 1321), fed in pieces and read as lower-case
-// hexadecimal. Finalize closes the digest once; later input changes nothing
-// that HexDigest reports.
+/// The MD5 message digest (RFC 1321), fed in pieces and read as lower-case
+/// hexadecimal. Finalize closes the digest once; later input changes nothing
+/// that HexDigest reports.
 class VELKAN_API CMd5 {
 public:
+    /// An open digest, ready for Update.
     CMd5();
+    /// The finalized digest of length bytes (of nothing for null data).
     CMd5(const unsigned char* data, unsigned long length);
-    // Hashes the text's ANSI form, but only as many bytes as the text has
-    // UTF-16 units: the same for single-byte code pages, a prefix for
-    // multi-byte ones. Kept that way for the digests already stored.
+    /// The finalized digest of a text. Hashes the text's ANSI form, but only
+    /// as many bytes as the text has UTF-16 units: the same for single-byte
+    /// code pages, a prefix for multi-byte ones. Kept that way for the
+    /// digests already stored.
     explicit CMd5(const CString& text);
 
+    /// Feeds length more bytes.
+    ///@{
     void Update(const unsigned char* data, unsigned long length);
     void Update(const char* data, unsigned long length) {
         Update(reinterpret_cast<const unsigned char*>(data), length);
     }
+    ///@}
+    /// Closes the digest; later calls do nothing.
     CMd5& Finalize();
-    // Empty until finalized.
+    /// The 32 lower-case hexadecimal digits. Empty until finalized.
     CString HexDigest() const;
 
 private:

@@ -13,30 +13,35 @@
 
 namespace Velkan {
 
-// One image drawn at 100 %, 200 % and 300 % as separate resources (an id of
-// 0 means not drawn). Hands out the artwork closest to a DPI, loaded once
-// and shared by copies, scaled to the exact size.
+/// One image drawn at 100 %, 200 % and 300 % as separate resources (an id of
+/// 0 means not drawn). Hands out the artwork closest to a DPI, loaded once
+/// and shared by copies, scaled to the exact size.
 class VELKAN_API CBitmapBundle {
 public:
-    static const int RESOLUTION_COUNT;  // 3
+    static const int RESOLUTION_COUNT;  ///< 3
 
-    // BITMAP resources, ids for 100 %, 200 %, 300 % in that order.
+    /// BITMAP resources, ids for 100 %, 200 %, 300 % in that order.
     CBitmapBundle(std::initializer_list<UINT> ids, HINSTANCE instance = nullptr);
-    // Image resources of a type GDI+ decodes, such as "PNG".
+    /// Image resources of a type GDI+ decodes, such as "PNG".
     CBitmapBundle(const wchar_t* type, std::initializer_list<UINT> ids, HINSTANCE instance = nullptr);
+    /// Copies share the loaded bitmaps.
+    ///@{
     CBitmapBundle(const CBitmapBundle&) = default;
     CBitmapBundle& operator=(const CBitmapBundle&) = default;
-    virtual ~CBitmapBundle();
+    ///@}
+    virtual ~CBitmapBundle();  ///< Drops this copy's share of the bitmaps.
 
-    HINSTANCE GetInstance() const { return m_instance; }
-    // 1, 2 or 3. 120 DPI takes the 200 % artwork (scaled down); ties go to
-    // the smaller scale. Throws when the bundle has no ids.
+    HINSTANCE GetInstance() const { return m_instance; }  ///< The module of the resources.
+    /// The artwork for dpi: 1, 2 or 3. 120 DPI takes the 200 % artwork (scaled
+    /// down); ties go to the smaller scale. Throws when the bundle has no ids.
     int GetBestScaleFactorForDpi(int dpi) const;
+    /// The artwork for dpi, unscaled; loaded on first use.
     const CBitmap& GetSourceBitmapForDpi(int dpi) const;
+    /// The artwork of scale 1, 2 or 3 if loaded, else an empty bitmap.
     const CBitmap& GetCachedBitmapForScaleFactor(int scale) const { return (*m_cache)[scale - 1]; }
-    // At size x dpi / 96, truncated.
+    /// The image for dpi, at size x dpi / 96, truncated.
     CBitmap GetBitmapForDpi(int dpi);
-    // The size at 96 DPI; (0, 0) without ids.
+    /// The size at 96 DPI; (0, 0) without ids.
     CSize GetNominalSize();
 
 private:

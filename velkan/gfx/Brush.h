@@ -4,22 +4,29 @@
 
 namespace Velkan {
 
+/// A GDI brush, shared by reference count as CGdiObject says.
 class VELKAN_API CBrush : public CGdiObject {
 public:
-    CBrush() = default;
-    explicit CBrush(COLORREF colour);   // solid
-    explicit CBrush(HBITMAP pattern);   // pattern
-    explicit CBrush(HBRUSH brush);      // attach
+    CBrush() = default;  ///< No brush.
+    explicit CBrush(COLORREF colour);   ///< A new solid brush.
+    explicit CBrush(HBITMAP pattern);   ///< A new pattern brush.
+    explicit CBrush(HBRUSH brush);      ///< Takes ownership of brush, as Attach does.
+    /// Copies share the brush.
+    ///@{
     CBrush(const CBrush&) = default;
     CBrush(CBrush&&) noexcept = default;
     CBrush& operator=(const CBrush&) = default;
     CBrush& operator=(CBrush&&) noexcept = default;
-    ~CBrush() override;
+    ///@}
+    ~CBrush() override;  ///< Drops this owner.
 
+    /// Makes a new brush and owns it in place of the current one.
+    ///@{
     HBRUSH CreateSolidBrush(COLORREF colour);
     HBRUSH CreatePatternBrush(HBITMAP pattern);
-    HBRUSH GetHbrush() const { return static_cast<HBRUSH>(GetHandle()); }
-    operator HBRUSH() const { return GetHbrush(); }
+    ///@}
+    HBRUSH GetHbrush() const { return static_cast<HBRUSH>(GetHandle()); }  ///< The brush, or null.
+    operator HBRUSH() const { return GetHbrush(); }  ///< The brush, or null.
 };
 
 }  // namespace Velkan

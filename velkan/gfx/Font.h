@@ -4,31 +4,38 @@
 
 namespace Velkan {
 
+/// A GDI font, shared by reference count as CGdiObject says.
 class VELKAN_API CFont : public CGdiObject {
 public:
-    static const wchar_t* const SANS_FONT_FAMILY;   // "Segoe UI"
-    static const wchar_t* const FIXED_FONT_FAMILY;  // "Courier New"
+    static const wchar_t* const SANS_FONT_FAMILY;   ///< "Segoe UI"
+    static const wchar_t* const FIXED_FONT_FAMILY;  ///< "Courier New"
 
-    CFont() = default;
-    explicit CFont(HFONT font);
-    explicit CFont(LOGFONTW& logFont);
+    CFont() = default;  ///< No font.
+    explicit CFont(HFONT font);  ///< Takes ownership of font, as Attach does.
+    explicit CFont(LOGFONTW& logFont);  ///< A new font from logFont.
+    /// Copies share the font.
+    ///@{
     CFont(const CFont&) = default;
     CFont(CFont&&) noexcept = default;
     CFont& operator=(const CFont&) = default;
     CFont& operator=(CFont&&) noexcept = default;
-    ~CFont() override;
+    ///@}
+    ~CFont() override;  ///< Drops this owner.
 
+    /// Makes a new font from logFont and owns it in place of the current one.
     HFONT CreateFontIndirectW(LOGFONTW& logFont);
-    // A font of a size in whole points for a DC (null: the screen).
+    /// A font of a size in whole points for a DC (null: the screen).
     HFONT CreatePointFont(int points, const wchar_t* face, HDC hdc = nullptr, BOOL bold = FALSE,
                           BOOL italic = FALSE, BOOL underline = FALSE, BOOL strikeOut = FALSE);
-    // lfHeight holds whole points.
+    /// CreateFontIndirect with a size in points: lfHeight holds whole
+    /// points, converted for the DC (null: the screen).
     HFONT CreatePointFontIndirect(const LOGFONTW& logFont, HDC hdc = nullptr);
-    LOGFONTW GetLogFont() const;
-    HFONT GetHfont() const { return static_cast<HFONT>(GetHandle()); }
-    operator HFONT() const { return GetHfont(); }
+    LOGFONTW GetLogFont() const;  ///< The font's LOGFONT.
+    HFONT GetHfont() const { return static_cast<HFONT>(GetHandle()); }  ///< The font, or null.
+    operator HFONT() const { return GetHfont(); }  ///< The font, or null.
 
-    // Null when the handle's registered wrapper is not a font.
+    /// The permanent wrapper of font, or a temporary one. Null when the
+    /// handle's registered wrapper is not a font.
     static CFont* FromHfont(HFONT font);
 };
 

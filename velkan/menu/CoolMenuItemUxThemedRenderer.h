@@ -5,26 +5,32 @@
 
 namespace Velkan {
 
-// The visual-style look: every piece drawn with the "Menu" theme parts and
-// measured with the theme's metrics at the window's DPI. Whenever theming
-// is off, an item is drawn by the classic renderer inside; a theme call
-// that fails while drawing hands that whole item to it, and a metric that
-// cannot be read closes the theme until the next setting change.
+/// The visual-style look: every piece drawn with the "Menu" theme parts and
+/// measured with the theme's metrics at the window's DPI. Whenever theming
+/// is off, an item is drawn by the classic renderer inside; a theme call
+/// that fails while drawing hands that whole item to it, and a metric that
+/// cannot be read closes the theme until the next setting change.
 class VELKAN_API CCoolMenuItemUxThemedRenderer : public ICoolMenuItemRenderer {
 public:
-    CCoolMenuItemUxThemedRenderer();
+    CCoolMenuItemUxThemedRenderer();  ///< Closed until OnSettingChange opens the theme.
 
+    /// Measures with the theme's parts and font, or classically.
     BOOL MeasureMenuItem(CoolMenuItemMeasureStruct& item) override;
+    /// Draws with the theme's parts, or hands the item to the classic renderer.
     BOOL DrawMenuItem(const CoolMenuItemDrawStruct& item) override;
+    /// Reopens the theme at the window's DPI and reads its metrics.
     void OnSettingChange(CWnd& wnd) override;
 
-    const CUxTheme& GetTheme() const { return m_theme; }
-    CCoolMenuItemRenderer& GetFallback() { return m_fallback; }
-    // The column that holds images and check marks.
+    const CUxTheme& GetTheme() const { return m_theme; }  ///< The "Menu" theme.
+    CCoolMenuItemRenderer& GetFallback() { return m_fallback; }  ///< The classic renderer inside.
+    /// The column that holds images and check marks.
     CSize GetColumnSize(const CImageList* list) const;
+    /// A theme metric read at the last OnSettingChange.
+    ///@{
     const SIZE& GetSeparatorSize() const { return m_separatorSize; }
     const SIZE& GetGutterSize() const { return m_gutterSize; }
     const MARGINS& GetCheckBackgroundMargins() const { return m_checkBackgroundMargins; }
+    ///@}
 
 private:
     BOOL Themed() const;

@@ -14,27 +14,34 @@
 
 namespace Velkan {
 
-// One request: an absolute URI, a method, headers and an optional body the
-// caller keeps alive until the request is sent.
+/// One request: an absolute URI, a method, headers and an optional body the
+/// caller keeps alive until the request is sent.
 class VELKAN_API CHttpRequest {
 public:
-    CHttpRequest(const CUri& uri, const CString& method);
+    CHttpRequest(const CUri& uri, const CString& method);  ///< A request without headers or body.
+    /// Copies share the caller's body.
+    ///@{
     CHttpRequest(const CHttpRequest&) = default;
     CHttpRequest(CHttpRequest&&) noexcept = default;
     CHttpRequest& operator=(const CHttpRequest&) = default;
     CHttpRequest& operator=(CHttpRequest&&) noexcept = default;
+    ///@}
 
-    void SetRequestUri(const CUri& uri) { m_uri = uri; }
-    const CUri& GetRequestUri() const { return m_uri; }
-    void SetMethod(const CString& method) { m_method = method; }
-    const CString& GetMethod() const { return m_method; }
-    // Names already present (in any letter case) keep their value.
+    void SetRequestUri(const CUri& uri) { m_uri = uri; }  ///< The absolute URI.
+    const CUri& GetRequestUri() const { return m_uri; }  ///< See SetRequestUri.
+    void SetMethod(const CString& method) { m_method = method; }  ///< The method, such as "GET".
+    const CString& GetMethod() const { return m_method; }  ///< See SetMethod.
+    /// Adds a header, or each header of a set. Names already present (in
+    /// any letter case) keep their value.
+    ///@{
     CHttpRequest& AddHeader(const CString& name, const CString& value);
     CHttpRequest& AddHeaders(const HttpHeaderSet& headers);
-    const HttpHeaderSet& GetHeaders() const { return m_headers; }
+    ///@}
+    const HttpHeaderSet& GetHeaders() const { return m_headers; }  ///< The headers.
+    /// The body, kept as a pointer: the caller keeps it alive.
     void SetBody(const void* data, unsigned long size);
-    const void* GetBody() const { return m_body; }
-    unsigned long GetBodySize() const { return m_bodySize; }
+    const void* GetBody() const { return m_body; }  ///< The body, or null.
+    unsigned long GetBodySize() const { return m_bodySize; }  ///< The body's size in bytes.
 
 private:
     CUri m_uri;
@@ -44,26 +51,35 @@ private:
     unsigned long m_bodySize = 0;
 };
 
-// A complete, buffered response. Moving it moves the body without a copy.
+/// A complete, buffered response. Moving it moves the body without a copy.
 class VELKAN_API CHttpResponse {
 public:
-    CHttpResponse();
+    CHttpResponse();  ///< An empty response, status -1.
+    /// Moves take the body over.
+    ///@{
     CHttpResponse(CHttpResponse&&) noexcept = default;
     CHttpResponse& operator=(CHttpResponse&&) noexcept = default;
+    ///@}
+    /// Not copyable.
+    ///@{
     CHttpResponse(const CHttpResponse&) = delete;
     CHttpResponse& operator=(const CHttpResponse&) = delete;
+    ///@}
 
+    /// The HTTP status, or -1 when it could not be read.
     int GetStatusCode() const { return m_statusCode; }
-    const CString& GetStatusText() const { return m_statusText; }
-    // 0 when the server sent no Content-Length.
+    const CString& GetStatusText() const { return m_statusText; }  ///< The status line's text.
+    /// The Content-Length header. 0 when the server sent no Content-Length.
     unsigned long GetContentLength() const { return m_contentLength; }
-    const CString& GetContentType() const { return m_contentType; }
-    const HttpHeaderSet& GetHeaders() const { return m_headers; }
+    const CString& GetContentType() const { return m_contentType; }  ///< The Content-Type header.
+    const HttpHeaderSet& GetHeaders() const { return m_headers; }  ///< The response headers.
+    /// The body's bytes.
     const unsigned char* GetBody() const { return m_body ? m_body->data() : nullptr; }
+    /// The body's size in bytes.
     size_t GetBodySize() const { return m_body ? m_body->size() : 0; }
-    // The body decoded as UTF-8.
+    /// The body decoded as UTF-8; empty, not null, when it does not decode.
     CString ReadAsString() const;
-    // 200 to 299.
+    /// The status is 200 to 299.
     bool Succeeded() const { return m_statusCode >= 200 && m_statusCode <= 299; }
 
 private:
@@ -77,38 +93,55 @@ private:
     std::unique_ptr<std::vector<unsigned char>> m_body;
 };
 
-// Synchronous HTTP and HTTPS over WinINet. Verbs take a URL glued to the
-// base URL as written (base "/api" + "items" gives "/apiitems"). Transport
-// failures throw CHttpRequestException; HTTP error statuses do not. Every
-// exchange opens and closes its own handles.
+/// Synchronous HTTP and HTTPS over WinINet. Verbs take a URL glued to the
+/// base URL as written (base "/api" + "items" gives "/apiitems"). Transport
+/// failures throw CHttpRequestException; HTTP error statuses do not. Every
+/// exchange opens and closes its own handles.
 class VELKAN_API CHttpClient {
 public:
-    CHttpClient();
-    explicit CHttpClient(const CString& baseUrl);
+    CHttpClient();  ///< No base URL; user agent "velkan/1.0"; responses up to 10 MiB.
+    explicit CHttpClient(const CString& baseUrl);  ///< With a base URL (see SetBaseUrl).
+    /// Copies share nothing: each exchange has its own handles.
+    ///@{
     CHttpClient(const CHttpClient&) = default;
     CHttpClient(CHttpClient&&) noexcept = default;
     CHttpClient& operator=(const CHttpClient&) = default;
     CHttpClient& operator=(CHttpClient&&) noexcept = default;
+    ///@}
 
+    /// The base URL, parsed; throws std::invalid_argument when it is not
+    /// absolute.
     void SetBaseUrl(const CString& url);
-    const CUri& GetBaseUri() const { return m_baseUri; }
+    const CUri& GetBaseUri() const { return m_baseUri; }  ///< See SetBaseUrl.
+    /// The User-Agent of new exchanges.
     void SetUserAgent(const CString& userAgent) { m_userAgent = userAgent; }
-    const CString& GetUserAgent() const { return m_userAgent; }
-    // Larger responses fail with code 1344; exactly this size succeeds.
+    const CString& GetUserAgent() const { return m_userAgent; }  ///< See SetUserAgent.
+    /// The largest body accepted, in bytes. Larger responses fail with
+    /// code 1344; exactly this size succeeds.
     void SetMaxResponseSize(unsigned int bytes) { m_maxResponseSize = bytes; }
+    /// See SetMaxResponseSize.
     unsigned int GetMaxResponseSize() const { return m_maxResponseSize; }
+    /// A header every request gets; the first value given for a name stays.
     CHttpClient& AddDefaultHeader(const CString& name, const CString& value);
 
+    /// GET or DELETE of the base URL followed by url.
+    ///@{
     CHttpResponse Get(const CString& url) const;
     CHttpResponse Delete(const CString& url) const;
-    // Bodies are sent as UTF-8.
+    ///@}
+    /// POST, PUT or PATCH of a body with its Content-Type (a default
+    /// Content-Type header wins), or as "application/json". Bodies are sent
+    /// as UTF-8.
+    ///@{
     CHttpResponse Post(const CString& url, const CString& contentType, const CString& body) const;
     CHttpResponse Put(const CString& url, const CString& contentType, const CString& body) const;
     CHttpResponse Patch(const CString& url, const CString& contentType, const CString& body) const;
     CHttpResponse PostAsJson(const CString& url, const CString& body) const;
     CHttpResponse PutAsJson(const CString& url, const CString& body) const;
     CHttpResponse PatchAsJson(const CString& url, const CString& body) const;
+    ///@}
 
+    /// Sends a request as it is and reads the whole response.
     CHttpResponse SendRequest(CHttpRequest request) const;
 
 private:
