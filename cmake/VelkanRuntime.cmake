@@ -8,7 +8,10 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 8)
 else()
   set(_velkan_libgcc libgcc_s_dw2-1.dll)
 endif()
+# VELKAN_RUNTIME_DLLS: their paths here; VELKAN_RUNTIME_DLL_NAMES: their
+# file names, the same in the package's bin folder.
 set(VELKAN_RUNTIME_DLLS)
+set(VELKAN_RUNTIME_DLL_NAMES)
 foreach(dll libstdc++-6.dll ${_velkan_libgcc} libwinpthread-1.dll)
   execute_process(
     COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${dll}
@@ -24,6 +27,7 @@ foreach(dll libstdc++-6.dll ${_velkan_libgcc} libwinpthread-1.dll)
     message(FATAL_ERROR "GCC runtime ${dll} not found")
   endif()
   list(APPEND VELKAN_RUNTIME_DLLS "${path}")
+  list(APPEND VELKAN_RUNTIME_DLL_NAMES "${dll}")
   file(COPY "${path}" DESTINATION "${CMAKE_BINARY_DIR}/bin")
 endforeach()
 
