@@ -20,9 +20,10 @@ const Row kRows[] = {{L"velkan.dll", L"Library", L"812 KB"},     {L"gallery.exe"
 
 }  // namespace
 
-HWND ControlsPanel::Create(CWnd* parent) {
-    return CreateEx(0, L"VlkWnd", L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 10, 10, parent, nullptr);
-}
+ControlsPanel::ControlsPanel()
+    : GalleryPage(L"Controls", L"controls",
+                  L"List view with sorting and check boxes, tree view, hyperlink, and thin control wrappers."),
+      m_list(this) {}
 
 void ControlsPanel::OnCreate() {
     const RECT none = {0, 0, 10, 10};
@@ -53,7 +54,7 @@ void ControlsPanel::OnCreate() {
     m_link = ::CreateWindowExW(0, L"VlkHyperLink", L"Visit the &project page", WS_CHILD | WS_VISIBLE | WS_TABSTOP,
                                0, 0, 10, 10, GetHwnd(), reinterpret_cast<HMENU>(static_cast<UINT_PTR>(IDC_LINK)),
                                ::GetModuleHandleW(nullptr), nullptr);
-    ::SendMessageW(m_link, WM_SETFONT, reinterpret_cast<WPARAM>(::GetStockObject(DEFAULT_GUI_FONT)), FALSE);
+    ::SendMessageW(m_link, WM_SETFONT, reinterpret_cast<WPARAM>(UiFont()), FALSE);
 
     m_progress.Create(*this, IDC_PROGRESS, none);
     m_progress.SetRange(0, 100);
@@ -63,21 +64,18 @@ void ControlsPanel::OnCreate() {
     m_combo.Create(*this, IDC_COMBO, CRect(0, 0, 10, 200), CBS_DROPDOWNLIST);
     for (const wchar_t* look : {L"Classic menus", L"Themed menus", L"Visual-style menus"}) m_combo.AddString(look);
     m_combo.SetCurSel(2);
-    for (CWnd* control : {static_cast<CWnd*>(&m_edit), static_cast<CWnd*>(&m_combo)})
-        control->SetFont(static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT)), FALSE);
-    Layout();
+    for (CWnd* control : {static_cast<CWnd*>(&m_list), static_cast<CWnd*>(&m_tree), static_cast<CWnd*>(&m_edit),
+                          static_cast<CWnd*>(&m_combo)})
+        control->SetFont(UiFont(), FALSE);
 }
 
-void ControlsPanel::Layout() {
-    // The small controls first: the splitter lets the last pane reach below
-    // the frame's client area, so what is at the bottom may be hidden.
-    const CRect client = GetClientRect();
-    const int pad = MulDivDpi(8), row = MulDivDpi(24);
-    const int half = client.Width() / 2;
-    m_list.SetWindowPos(ZOrderTop, pad, pad, half - 2 * pad, client.Height() - 2 * pad, SWP_NOZORDER);
+void ControlsPanel::Layout(const CRect& content) {
+    const int pad = Gap(), row = RowHeight();
+    const int half = content.Width() / 2;
+    m_list.SetWindowPos(ZOrderTop, content.left, content.top, half - pad, content.Height(), SWP_NOZORDER);
     m_list.ResizeColumnsToFit();
-    const int x = half, width = client.Width() - half - pad;
-    int y = pad;
+    const int x = content.left + half + pad, width = content.Width() - half - pad;
+    int y = content.top;
     ::SetWindowPos(m_link, nullptr, x, y, width, row, SWP_NOZORDER);
     y += row;
     m_progress.SetWindowPos(ZOrderTop, x, y + MulDivDpi(4), width, row - MulDivDpi(8), SWP_NOZORDER);
@@ -85,28 +83,15 @@ void ControlsPanel::Layout() {
     m_edit.SetWindowPos(ZOrderTop, x, y, width / 2 - pad, row - MulDivDpi(2), SWP_NOZORDER);
     m_combo.SetWindowPos(ZOrderTop, x + width / 2, y, width - width / 2, MulDivDpi(160), SWP_NOZORDER);
     y += row + pad;
-    m_tree.SetWindowPos(ZOrderTop, x, y, width, client.Height() - y - pad, SWP_NOZORDER);
+    m_tree.SetWindowPos(ZOrderTop, x, y, width, content.bottom - y, SWP_NOZORDER);
     m_tree.ExpandAll();
-}
-
-BOOL ControlsPanel::WndProc(UINT msg, WPARAM, LPARAM, LRESULT& result) {
-    if (msg == WM_SIZE && m_list.IsWindow()) {
-        Layout();
-        result = 0;
-        return TRUE;
-    }
-    if (msg == WM_ERASEBKGND) {
-        // The panel's background is the dialog colour.
-        return FALSE;
-    }
-    return FALSE;
 }
 
 BOOL ControlsPanel::OnNotify(UINT, LPARAM nmhdr, LRESULT& result) {
     const auto* header = reinterpret_cast<const NMHDR*>(nmhdr);
     if (header->hwndFrom == m_link && header->code == static_cast<UINT>(NM_CLICK)) {
         m_message = L"The link was clicked; the host decides what opens.";
-        GetParent()->SendMessageW(WM_COMMAND, MAKEWPARAM(IDC_LINK, 0), 0);
+        ::SendMessageW(::GetAncestor(GetHwnd(), GA_ROOT), WM_COMMAND, MAKEWPARAM(IDC_LINK, 0), 0);
         result = 0;
         return TRUE;
     }

@@ -74,6 +74,18 @@ private:
 
 namespace GalleryDialogs {
 
+CString ShowAbout(CWnd& owner) {
+    CDialog about(IDD_ABOUT);
+    about.DoModal(&owner);
+    return CString(L"Velkan Gallery, made of Velkan classes");
+}
+
+CString ShowShowIf(CWnd& owner) {
+    CShowIfDlg tip(IDD_SHOWIF, L"ShowGalleryTip");
+    const int result = tip.DoModal(&owner);
+    return CString::FormatS(L"The show-if dialog returned %d", result);
+}
+
 CString ShowPropertySheet(CWnd& owner) {
     CString name(L"Gallery item");
     NamePage general(IDD_SHEET_GENERAL, nullptr, nullptr, name);

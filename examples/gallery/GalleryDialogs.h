@@ -6,6 +6,8 @@
 // return a line for the status bar.
 namespace GalleryDialogs {
 
+Velkan::CString ShowAbout(Velkan::CWnd& owner);
+Velkan::CString ShowShowIf(Velkan::CWnd& owner);
 Velkan::CString ShowPropertySheet(Velkan::CWnd& owner);
 Velkan::CString ShowWizard(Velkan::CWnd& owner);
 Velkan::CString ShowOpenFiles(Velkan::CWnd& owner);

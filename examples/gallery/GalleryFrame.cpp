@@ -1,18 +1,13 @@
 #include "GalleryFrame.h"
 
-#include <cwchar>
-
 #include "GalleryDialogs.h"
+#include "GalleryTimers.h"
 #include "Screenshot.h"
 #include "resource.h"
 
 using namespace Velkan;
 
 namespace {
-
-const UINT_PTR kScreenshotTimer = 1;
-const UINT_PTR kOpenMenuTimer = 2;
-const UINT_PTR kOpenDialogTimer = 3;
 
 TBBUTTON Button(int image, int command) {
     TBBUTTON button = {};
@@ -44,14 +39,41 @@ BOOL CALLBACK FindOpenPopup(HWND hwnd, LPARAM result) {
 
 }  // namespace
 
-GalleryFrame::GalleryFrame()
-    : CFrameWndEx(L"Velkan Gallery", IDR_MAINMENU, IDS_READY, L"Gallery"),
+GalleryFrame::GalleryFrame(bool tour)
+    : CFrameWndEx(L"Velkan Gallery", IDR_MAINMENU, IDS_READY, tour ? L"Tour" : L"Gallery"),
+      m_tour(tour),
       m_looksManager(m_looks),
-      m_palette(L"Gallery", L"Swatches", TRUE, FALSE, TRUE) {
+      m_recent(tour ? L"Tour recent files" : L"Recent files", L"File%d", 4, 48),
+      m_menus(MakeMenusPage()),
+      m_dialogs(MakeDialogsPage()),
+      m_palette(tour ? L"Tour" : L"Gallery", L"Swatches", TRUE, FALSE, TRUE) {
     // The frame's own manager draws one look; the gallery's draws three,
     // switched at run time, so the frame's stays off.
     UseCoolMenus(FALSE);
     AddWndMsgFilter(m_looksManager);
+    for (GalleryPage* page : std::initializer_list<GalleryPage*>{&m_graphics, &m_strings, &m_files, &m_http,
+                                                                  m_menus.get(), m_dialogs.get(), &m_controls,
+                                                                  &m_clipboard, &m_threads})
+        m_host.AddPage(*page);
+}
+
+void GalleryFrame::SetTour(const wchar_t* folder, bool brief) {
+    m_tourFolder = folder;
+    m_tourBrief = brief;
+}
+
+void GalleryFrame::PreCreate(CREATESTRUCTW& cs) {
+    CFrameWndEx::PreCreate(cs);
+    // The first run (and every tour) opens at a size made for the screen's
+    // DPI; later runs keep where the user left the window.
+    if (cs.cx == static_cast<int>(CW_USEDEFAULT) || m_tour) {
+        HDC screen = ::GetDC(nullptr);
+        const int dpi = ::GetDeviceCaps(screen, LOGPIXELSX);
+        ::ReleaseDC(nullptr, screen);
+        cs.cx = ::MulDiv(900, dpi, 96);
+        cs.cy = ::MulDiv(620, dpi, 96);
+        if (m_tour) cs.x = cs.y = 0;
+    }
 }
 
 void GalleryFrame::OnCreate() {
@@ -71,13 +93,9 @@ void GalleryFrame::OnCreate() {
     AddToolbar(m_lookToolbar, FALSE);
     m_looksManager.AddToolbar(m_lookToolbar);
 
-    // The view: the showcase above, the controls below.
-    m_splitter.Create(this);
-    m_view.Create(&m_splitter);
-    m_controls.Create(&m_splitter);
-    m_splitter.AddPane(&m_view, MulDivDpi(200), 100000);
-    m_splitter.AddPane(&m_controls, MulDivDpi(120), MulDivDpi(400));
-    SetView(&m_splitter);
+    m_host.Create(this);
+    SetView(&m_host);
+    m_recent.Load();
 
     ShowStatusParts();
     ShowLook(m_looks.GetLook());
@@ -88,13 +106,20 @@ void GalleryFrame::OnCreate() {
     m_palette.SetViewMinSize(CSize(MulDivDpi(120), MulDivDpi(80)));
     m_palette.OnSize();
     AddPaletteWindow(m_palette);
+    if (m_tour) {
+        // Beside the frame, so that the tour's pictures show every page whole.
+        const CRect frame = GetWindowRect();
+        m_palette.SetWindowPos(ZOrderTop, frame.right + MulDivDpi(8), frame.top + MulDivDpi(60), 0, 0,
+                               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
     RegisterForNotification(CPaletteWnd::ClosedNotification);
+    RegisterForNotification(ThreadsPage::ProgressNotification);
 
-    if (!m_screenshotPath.IsNullOrEmpty()) {
-        if (m_openDialog != 0)
-            SetTimer(kOpenDialogTimer, 600);
-        else
-            SetTimer(m_openMenu >= 0 ? kOpenMenuTimer : kScreenshotTimer, 600);
+    if (!m_tourFolder.IsNullOrEmpty()) {
+        PlanTour();
+        SetTimer(kTourStepTimer, 600);
+    } else if (!m_screenshotPath.IsNullOrEmpty()) {
+        SetTimer(kScreenshotTimer, 600);
     }
 }
 
@@ -116,21 +141,52 @@ void GalleryFrame::ShowLook(MenuLooks::Look look) {
     CString text;
     text.Format(L"Menus: %s", MenuLooks::Name(look));
     GetStatusBar().SetPartText(2, text);
+    if (m_menus->IsWindow()) m_menus->CheckChoice(LookCommand(look));
 }
 
 void GalleryFrame::OnInitMenu(CMenu& menu) {
     CFrameWndEx::OnInitMenu(menu);
     menu.CheckMenuRadioItem(ID_LOOK_CLASSIC, ID_LOOK_VISUAL, LookCommand(m_looks.GetLook()), MF_BYCOMMAND);
     menu.CheckMenuItem(ID_VIEW_PALETTE, MF_BYCOMMAND | (m_palette.IsWindowVisible() ? MF_CHECKED : MF_UNCHECKED));
+    // The recent files are items of the File menu, not of the bar.
+    if (CMenu* file = CMenu::FromHmenu(::GetSubMenu(menu, 0))) m_recent.UpdateMenu(*file, ID_FILE_MRU_FIRST);
 }
 
 void GalleryFrame::OnNotify(CNotification& notification) {
+    if (::lstrcmpiW(notification.GetName(), ThreadsPage::ProgressNotification) == 0) {
+        CString text;
+        text.Format(L"Worker thread: %d %% done", static_cast<int>(notification.GetData()));
+        GetStatusBar().SetPartText(0, text);
+        return;
+    }
     // A closed palette: nothing to undo here, the View menu reads its state.
-    if (reinterpret_cast<CPaletteWnd*>(notification.GetData()) == &m_palette) GetStatusBar().SetPartText(0, L"Palette closed");
+    if (reinterpret_cast<CPaletteWnd*>(notification.GetData()) == &m_palette)
+        GetStatusBar().SetPartText(0, L"Palette closed");
+}
+
+void GalleryFrame::OpenFile(const wchar_t* path) {
+    m_files.Hash(path);
+    m_host.ShowPage(2);
+    m_recent.Add(path);
+    m_recent.Save();
+}
+
+void GalleryFrame::ShowPopupMenu() {
+    HMENU view = ::GetSubMenu(GetMenu(), 1);
+    if (view == nullptr) return;
+    CPoint at;
+    ::GetCursorPos(&at);
+    ::TrackPopupMenu(view, TPM_LEFTALIGN | TPM_TOPALIGN | TPM_RIGHTBUTTON, at.x, at.y, 0, GetHwnd(), nullptr);
 }
 
 BOOL GalleryFrame::OnCommand(UINT wParam, LPARAM lParam) {
-    switch (LOWORD(wParam)) {
+    const UINT command = LOWORD(wParam);
+    if (command >= ID_FILE_MRU_FIRST && command < ID_FILE_MRU_FIRST + 4) {
+        const int index = static_cast<int>(command - ID_FILE_MRU_FIRST);
+        if (index < m_recent.GetCount()) OpenFile(m_recent.GetFilePath(index));
+        return TRUE;
+    }
+    switch (command) {
     case ID_LOOK_CLASSIC:
         ShowLook(MenuLooks::Classic);
         return TRUE;
@@ -143,6 +199,18 @@ BOOL GalleryFrame::OnCommand(UINT wParam, LPARAM lParam) {
     case ID_VIEW_PALETTE:
         m_palette.ShowWindow(m_palette.IsWindowVisible() ? SW_HIDE : SW_SHOWNA);
         return TRUE;
+    case ID_VIEW_POPUP:
+        ShowPopupMenu();
+        return TRUE;
+    case ID_FILE_OPEN: {
+        COpenFileDlg open(L"All files", L"*.*");
+        if (open.Show(this)) OpenFile(open.GetFileName());
+        return TRUE;
+    }
+    case ID_FILE_NEW:
+    case ID_FILE_SAVE:
+        GetStatusBar().SetPartText(0, L"The gallery keeps no documents.");
+        return TRUE;
     case ID_FILE_EXIT:
         DestroyWindow();
         return TRUE;
@@ -150,44 +218,41 @@ BOOL GalleryFrame::OnCommand(UINT wParam, LPARAM lParam) {
         GetStatusBar().SetPartText(0, m_controls.GetMessageText());
         return TRUE;
     default:
-        if (RunDialog(LOWORD(wParam))) return TRUE;
+        if (RunDialog(command)) return TRUE;
         return CFrameWndEx::OnCommand(wParam, lParam);
     }
 }
 
-void GalleryFrame::SaveScreenshot() {
+bool GalleryFrame::SaveShot(const wchar_t* path) {
     std::vector<HWND> windows = {GetHwnd()};
     if (m_palette.IsWindowVisible()) windows.push_back(m_palette);
     HWND popup = nullptr;
     ::EnumThreadWindows(::GetCurrentThreadId(), &FindOpenPopup, reinterpret_cast<LPARAM>(&popup));
     if (popup != nullptr) windows.push_back(popup);
-    // A dialog the screenshot was taken for: on top, and then ended.
     HWND dialog = ::GetLastActivePopup(GetHwnd());
-    if (m_openDialog != 0 && dialog != GetHwnd() && dialog != m_palette.GetHwnd()) windows.push_back(dialog);
-    m_screenshotSaved = SaveWindowsPng(windows, m_screenshotPath.GetString());
-    ::EndMenu();
-    if (m_openDialog != 0 && dialog != GetHwnd()) ::PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
-    PostMessageW(WM_CLOSE);
+    if (dialog != GetHwnd() && dialog != m_palette.GetHwnd()) windows.push_back(dialog);
+    return SaveWindowsPng(windows, path);
 }
 
 BOOL GalleryFrame::WndProc(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    if (msg != WM_TIMER || (wParam != kScreenshotTimer && wParam != kOpenMenuTimer && wParam != kOpenDialogTimer))
+    if (msg != WM_TIMER) return CFrameWndEx::WndProc(msg, wParam, lParam, result);
+    switch (wParam) {
+    case kScreenshotTimer:
+        KillTimer(wParam);
+        m_shotFailed = !SaveShot(m_screenshotPath);
+        m_shotsSaved += m_shotFailed ? 0 : 1;
+        PostMessageW(WM_CLOSE);
+        break;
+    case kTourStepTimer:
+        KillTimer(wParam);
+        NextTourStep();
+        break;
+    case kTourShotTimer:
+        KillTimer(wParam);
+        TakeTourShot();
+        break;
+    default:
         return CFrameWndEx::WndProc(msg, wParam, lParam, result);
-    KillTimer(wParam);
-    if (wParam == kScreenshotTimer) {
-        SaveScreenshot();
-    } else if (wParam == kOpenDialogTimer) {
-        // The dialog's modal loop runs inside; the screenshot timer fires in it.
-        SetTimer(kScreenshotTimer, 700);
-        RunDialog(m_openDialog);
-    } else {
-        // Drops the menu down as its mnemonic would; the menu's own loop
-        // runs inside, and the screenshot timer fires in it.
-        SetTimer(kScreenshotTimer, 400);
-        wchar_t label[32] = {};
-        ::GetMenuStringW(GetMenu(), static_cast<UINT>(m_openMenu), label, 32, MF_BYPOSITION);
-        const wchar_t* amp = std::wcschr(label, L'&');
-        SendMessageW(WM_SYSCOMMAND, SC_KEYMENU, amp != nullptr ? static_cast<LPARAM>(amp[1]) : 0);
     }
     result = 0;
     return TRUE;
@@ -196,6 +261,9 @@ BOOL GalleryFrame::WndProc(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT& resu
 BOOL GalleryFrame::RunDialog(UINT command) {
     CString line;
     switch (command) {
+    case ID_HELP_ABOUT:
+        line = GalleryDialogs::ShowAbout(*this);
+        break;
     case ID_DIALOG_SHEET:
         line = GalleryDialogs::ShowPropertySheet(*this);
         break;
@@ -216,6 +284,9 @@ BOOL GalleryFrame::RunDialog(UINT command) {
         break;
     case ID_DIALOG_TASK:
         line = GalleryDialogs::ShowTaskDialog(*this);
+        break;
+    case ID_DIALOG_SHOWIF:
+        line = GalleryDialogs::ShowShowIf(*this);
         break;
     default:
         return FALSE;

@@ -16,75 +16,66 @@ const Swatch kSwatches[] = {{L"Alizarin", RGB(231, 76, 60)},   {L"Sunflower", RG
                             {L"Amethyst", RGB(155, 89, 182)}};
 
 void FillSolid(HDC dc, const RECT& rect, COLORREF colour) {
-    HBRUSH brush = ::CreateSolidBrush(colour);
+    CBrush brush;
+    brush.CreateSolidBrush(colour);
     ::FillRect(dc, &rect, brush);
-    ::DeleteObject(brush);
 }
 
-HFONT MakeFont(const CWnd& wnd, int points, bool bold) {
-    LOGFONTW lf = {};
-    lf.lfHeight = -wnd.MulDivDpi(points * 96 / 72);
-    lf.lfWeight = bold ? FW_BOLD : FW_NORMAL;
-    lf.lfCharSet = DEFAULT_CHARSET;
-    lstrcpynW(lf.lfFaceName, L"Segoe UI", LF_FACESIZE);
-    return ::CreateFontIndirectW(&lf);
+// A caption above a row of examples.
+int Caption(HDC dc, const CRect& content, int y, int height, const wchar_t* text) {
+    CRect line(content.left, y, content.right, y + height);
+    ::DrawTextW(dc, text, -1, &line, DT_LEFT | DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS);
+    return line.bottom;
 }
 
 }  // namespace
 
-HWND GalleryView::Create(CWnd* parent) {
-    return CreateEx(0, L"VlkWnd", L"", WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, parent, nullptr);
+GraphicsPage::GraphicsPage()
+    : GalleryPage(L"Graphics", L"graphics",
+                  L"Bitmaps, bundles, icons and SVG images, drawn for this window's DPI.") {}
+
+void GraphicsPage::OnCreate() {
+    // Drawn once as SVG, sharp at this DPI: no scaling afterwards.
+    CSvgImage strip(IDS_ICON_STRIP, nullptr, RGB(230, 150, 20));
+    m_svgIcons.Create(strip, GetDpi(), 24, 0);
+    // The bundle's artwork for this DPI: 100 % or 200 %, scaled the rest of the way.
+    CBitmapBundle looks({IDB_TOOLBAR24, IDB_TOOLBAR48});
+    m_bundleScale = looks.GetBestScaleFactorForDpi(GetDpi());
+    m_bundleIcons.Create(looks, GetDpi(), 24, 0);
+    m_icon.Attach(m_svgIcons.ExtractIconW(2));
 }
 
-void GalleryView::OnCreate() {
-    // Icons drawn once as SVG, made sharp for this window's DPI.
-    CSvgImage strip(IDS_ICON_STRIP, nullptr, RGB(255, 196, 40));
-    m_icons.Create(strip, GetDpi(), 24, 0);
-}
+void GraphicsPage::PaintContent(CDC& dc, const CRect& content) {
+    const int line = MulDivDpi(22), gap = MulDivDpi(10);
+    CString facts;
+    facts.Format(L"Window DPI %d (scale %.2f), visual styles %s, first run: %s", GetDpi(), GetDpiScaleFactor(),
+                 CUxTheme::IsThemeActive() ? L"on" : L"off", theAppPtr->IsFirstRun() ? L"yes" : L"no");
+    int y = Caption(dc, content, content.top, line, facts);
 
-void GalleryView::OnPaint(CDC& dc) {
-    const CRect client = GetClientRect();
-    // A banded background in the library's blue.
-    const int bands = 16;
-    for (int i = 0; i < bands; ++i) {
-        CRect band(client.left, client.top + client.Height() * i / bands, client.right,
-                   client.top + client.Height() * (i + 1) / bands);
-        FillSolid(dc, band, RGB(20 + i * 4, 60 + i * 6, 120 + i * 7));
+    y = Caption(dc, content, y + gap, line, L"SVG strip rendered at this DPI, then greyed:");
+    const CSize icon = m_svgIcons.GetIconSize();
+    for (int i = 0; i < m_svgIcons.GetImageCount(); ++i) {
+        m_svgIcons.Draw(i, dc, content.left + i * (icon.cx + gap), y + gap / 2, ILD_TRANSPARENT);
+        m_svgIcons.DrawGrayscale(i, dc, content.left + (i + 5) * (icon.cx + gap), y + gap / 2, ILD_TRANSPARENT);
     }
+    y += icon.cy + gap;
 
-    ::SetBkMode(dc, TRANSPARENT);
-    ::SetTextColor(dc, RGB(255, 255, 255));
-    HFONT titleFont = MakeFont(*this, 20, true);
-    HGDIOBJ oldFont = ::SelectObject(dc, titleFont);
-    CRect title(MulDivDpi(20), MulDivDpi(8), client.right - MulDivDpi(20), MulDivDpi(52));
-    ::DrawTextW(dc, CResourceString(IDS_TITLE).GetString(), -1, &title, DT_LEFT | DT_SINGLELINE | DT_VCENTER);
+    CString bundle;
+    bundle.Format(L"Bitmap bundle, the %d00 %% artwork picked for %d DPI:", m_bundleScale, GetDpi());
+    y = Caption(dc, content, y + gap, line, bundle);
+    const CSize cell = m_bundleIcons.GetIconSize();
+    for (int i = 0; i < m_bundleIcons.GetImageCount(); ++i)
+        m_bundleIcons.Draw(i, dc, content.left + i * (cell.cx + gap), y + gap / 2, ILD_TRANSPARENT);
+    y += cell.cy + gap;
 
-    HFONT bodyFont = MakeFont(*this, 9, false);
-    ::SelectObject(dc, bodyFont);
-    CString lines(L"");
-    lines.AppendFormat(L"Window DPI: %d\r\n", GetDpi());
-    lines.AppendFormat(L"First run: %s\r\n", theAppPtr->IsFirstRun() ? L"yes" : L"no");
-    lines.AppendFormat(L"Visual styles: %s", CUxTheme::IsThemeActive() ? L"on" : L"off");
-    CRect body(title.left, title.bottom, title.right, title.bottom + MulDivDpi(56));
-    ::DrawTextW(dc, lines.GetString(), -1, &body, DT_LEFT | DT_WORDBREAK);
-
-    // A row of swatches, then the SVG icon strip, normal and greyed.
-    const int size = MulDivDpi(40), gap = MulDivDpi(10);
-    int x = title.left;
-    const int y = body.bottom + MulDivDpi(6);
+    y = Caption(dc, content, y + gap, line, L"An icon made from the strip, and GDI swatches:");
+    ::DrawIconEx(dc, content.left, y + gap / 2, m_icon.GetHicon(), icon.cx, icon.cy, 0, nullptr, DI_NORMAL);
+    const int size = MulDivDpi(32);
+    int x = content.left + icon.cx + 2 * gap;
     for (const Swatch& swatch : kSwatches) {
-        FillSolid(dc, CRect(x, y, x + size, y + size), swatch.colour);
+        FillSolid(dc, CRect(x, y + gap / 2, x + size, y + gap / 2 + size), swatch.colour);
         x += size + gap;
     }
-    const CSize icon = m_icons.GetIconSize();
-    const int iconsTop = y + size + MulDivDpi(12);
-    for (int i = 0; i < m_icons.GetImageCount(); ++i) {
-        m_icons.Draw(i, dc, title.left + i * (icon.cx + gap), iconsTop, ILD_TRANSPARENT);
-        m_icons.DrawGrayscale(i, dc, title.left + (i + 5) * (icon.cx + gap), iconsTop, ILD_TRANSPARENT);
-    }
-    ::SelectObject(dc, oldFont);
-    ::DeleteObject(titleFont);
-    ::DeleteObject(bodyFont);
 }
 
 HWND SwatchView::Create(CWnd* parent) {
@@ -94,8 +85,14 @@ HWND SwatchView::Create(CWnd* parent) {
 void SwatchView::OnPaint(CDC& dc) {
     const CRect client = GetClientRect();
     FillSolid(dc, client, ::GetSysColor(COLOR_WINDOW));
-    HFONT font = MakeFont(*this, 9, false);
-    HGDIOBJ old = ::SelectObject(dc, font);
+    if (m_font.GetHfont() == nullptr) {
+        LOGFONTW lf = {};
+        lf.lfHeight = -::MulDiv(9, GetDpi(), 72);
+        lf.lfCharSet = DEFAULT_CHARSET;
+        ::lstrcpynW(lf.lfFaceName, L"Tahoma", LF_FACESIZE);
+        m_font.CreateFontIndirectW(lf);
+    }
+    HGDIOBJ old = ::SelectObject(dc, m_font);
     ::SetBkMode(dc, TRANSPARENT);
     ::SetTextColor(dc, ::GetSysColor(COLOR_WINDOWTEXT));
     const int row = MulDivDpi(32), pad = MulDivDpi(6);
@@ -107,5 +104,4 @@ void SwatchView::OnPaint(CDC& dc) {
         y += row;
     }
     ::SelectObject(dc, old);
-    ::DeleteObject(font);
 }

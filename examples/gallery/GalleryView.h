@@ -1,20 +1,23 @@
 #pragma once
 
-#include "velkan/Velkan.h"
+#include "GalleryPage.h"
 
-// The upper pane of the gallery: a showcase of what the library draws at
-// the window's DPI (text, swatches, SVG icons normal and greyed).
-class GalleryView : public Velkan::CWnd {
+// Bitmaps, bundles, icons and SVG images drawn at the window's DPI: the
+// SVG strip rendered sharp for this DPI, normal and greyed; the bundle's
+// artwork picked for this DPI; an icon made from the strip; swatches.
+class GraphicsPage : public GalleryPage {
 public:
-    HWND Create(Velkan::CWnd* parent) override;
+    GraphicsPage();
 
 protected:
     void OnCreate() override;
-    void OnPaint(Velkan::CDC& dc) override;
-    BOOL OnEraseBkgnd(Velkan::CDC& dc) override { return TRUE; }
+    void PaintContent(Velkan::CDC& dc, const Velkan::CRect& content) override;
 
 private:
-    Velkan::CImageList m_icons;
+    Velkan::CImageList m_svgIcons;
+    Velkan::CImageList m_bundleIcons;
+    Velkan::CIcon m_icon;
+    int m_bundleScale = 1;
 };
 
 // The palette's view: the swatches, one per row, with their names.
@@ -24,4 +27,7 @@ public:
 
 protected:
     void OnPaint(Velkan::CDC& dc) override;
+
+private:
+    Velkan::CFont m_font;
 };

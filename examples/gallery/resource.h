@@ -1,7 +1,7 @@
 #pragma once
 
-#define IDS_APP_NAME 0xE000
-#define IDS_COMPANY 0xE002
+#include "velkan/app/ResourceIds.h"
+
 #define IDS_TITLE 100
 #define IDS_ALREADY_RUNNING 101
 #define IDS_READY 102
@@ -15,9 +15,9 @@
 #define ID_FILE_NEW 40001
 #define ID_FILE_OPEN 40002
 #define ID_FILE_SAVE 40003
-#define ID_FILE_RECENT 40004
 #define ID_FILE_EXIT 40005
 #define ID_VIEW_PALETTE 40101
+#define ID_VIEW_POPUP 40102
 #define ID_LOOK_CLASSIC 40201
 #define ID_LOOK_THEMED 40202
 #define ID_LOOK_VISUAL 40203
@@ -29,6 +29,9 @@
 #define ID_DIALOG_FOLDER 40405
 #define ID_DIALOG_MESSAGE 40406
 #define ID_DIALOG_TASK 40407
+#define ID_DIALOG_SHOWIF 40408
+// The recent files: four ids from here.
+#define ID_FILE_MRU_FIRST 40501
 
 // Pages of the sheet and the wizard, and the controls panel.
 #define IDD_SHEET_GENERAL 500
@@ -43,6 +46,13 @@
 #define IDC_PROGRESS 523
 #define IDC_EDIT 524
 #define IDC_COMBO 525
+// The controls of the pages.
+#define IDC_PAGE_INPUT 530
+#define IDC_PAGE_OUTPUT 531
+#define IDC_PAGE_ACTION 532
+#define IDC_PAGE_ACTION2 533
+#define IDD_ABOUT 540
+#define IDD_SHOWIF 541
 #define IDB_WATERMARK 203
 // The frame's own commands: toggle the rebar and the status bar.
 #define ID_VIEW_REBAR 0xE800
