@@ -109,8 +109,10 @@ void GalleryFrame::OnCreate() {
     if (m_tour) {
         // Beside the frame, so that the tour's pictures show every page whole.
         const CRect frame = GetWindowRect();
-        m_palette.SetWindowPos(ZOrderTop, frame.right + MulDivDpi(8), frame.top + MulDivDpi(60), 0, 0,
-                               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        // A size for this DPI: what an earlier tour left in the registry
+        // may have been for another.
+        m_palette.SetWindowPos(ZOrderTop, frame.right + MulDivDpi(8), frame.top + MulDivDpi(60), MulDivDpi(190),
+                               MulDivDpi(250), SWP_NOZORDER | SWP_NOACTIVATE);
     }
     RegisterForNotification(CPaletteWnd::ClosedNotification);
     RegisterForNotification(ThreadsPage::ProgressNotification);

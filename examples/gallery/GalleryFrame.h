@@ -86,6 +86,7 @@ private:
     std::vector<TourStep> m_steps;
     size_t m_step = 0;
     int m_waits = 0;
+    bool m_dialogPlaced = false;
     int m_shotsSaved = 0;
     bool m_shotFailed = false;
 };

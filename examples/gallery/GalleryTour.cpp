@@ -65,6 +65,7 @@ void GalleryFrame::NextTourStep() {
     }
     const TourStep& step = m_steps[m_step];
     m_waits = 0;
+    m_dialogPlaced = false;
     switch (step.kind) {
     case TourStep::Page:
         m_host.ShowPage(step.value);
@@ -96,6 +97,20 @@ void GalleryFrame::TakeTourShot() {
                          (step.kind == TourStep::Dialog && (dialog == GetHwnd() || dialog == m_palette.GetHwnd()));
     if (waiting && ++m_waits < kMaxWaits) {
         SetTimer(kTourShotTimer, 100);
+        return;
+    }
+    // Dialogs come up where the system puts them (the screen's centre, or
+    // its corner); for the picture they are moved over the frame, and shot
+    // once they have repainted there.
+    if (step.kind == TourStep::Dialog && !m_dialogPlaced && dialog != GetHwnd()) {
+        m_dialogPlaced = true;
+        const CRect frame = GetWindowRect();
+        CRect box;
+        ::GetWindowRect(dialog, &box);
+        ::SetWindowPos(dialog, nullptr, frame.left + (frame.Width() - box.Width()) / 2,
+                       frame.top + (frame.Height() - box.Height()) / 2, 0, 0,
+                       SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        SetTimer(kTourShotTimer, 200);
         return;
     }
     CString path(m_tourFolder);

@@ -8,7 +8,7 @@ namespace {
 
 // A label and a value, one line of a page's output.
 void AddLine(CString& text, const wchar_t* label, const wchar_t* value) {
-    text.AppendFormat(L"%-28s %s\r\n", label, value != nullptr ? value : L"(null)");
+    text.AppendFormat(L"%s: %s\r\n", label, value != nullptr ? value : L"(null)");
 }
 
 }  // namespace
@@ -20,11 +20,6 @@ StringsPage::StringsPage()
 void StringsPage::OnCreate() {
     MakeEdit(m_input, IDC_PAGE_INPUT, L"C:\\Users\\Public\\Documents\\Velkan\\reports\\2026\\summary.final.txt");
     MakeOutput(m_output, IDC_PAGE_OUTPUT);
-    LOGFONTW lf = {};
-    lf.lfHeight = -::MulDiv(9, GetDpi(), 72);
-    lf.lfCharSet = DEFAULT_CHARSET;
-    ::lstrcpynW(lf.lfFaceName, L"Courier New", LF_FACESIZE);
-    m_output.SetFont(m_mono.CreateFontIndirectW(lf), FALSE);
     Update();
 }
 
@@ -47,7 +42,8 @@ void StringsPage::Update() {
     formatted.Format(L"%d parts, %.1f units each on average, upper case: %s", index,
                      index != 0 ? static_cast<double>(path.GetLength()) / index : 0.0,
                      path.GetFileName().ToUpper().GetString());
-    AddLine(text, L"\r\nFormatted", formatted);
+    text += L"\r\n";
+    AddLine(text, L"Formatted", formatted);
     m_output.SetWindowTextW(text);
 }
 

@@ -18,7 +18,6 @@ private:
 
     Velkan::CEditControl m_input;
     Velkan::CEditControl m_output;
-    Velkan::CFont m_mono;
 };
 
 // Files and MD5: the size and digest of a file the user picks (the
