@@ -1,7 +1,9 @@
 """Runs a test program at 96 DPI, then at 144; with --themes also both
 again with visual styles switched off.
 
-Usage: dpi_harness.py [--themes] WINE_RUN TEST_EXE [ARGS...]
+Usage: dpi_harness.py [--themes] COMMAND [ARGS...]
+COMMAND runs the test program through scripts/wine-run (directly or as an
+argument of a checker), which the harness also uses to change the settings.
 
 The DPI and the visual styles are registry settings of the prefix that
 programs read when they start; both are put back (96 DPI, styles on)
@@ -43,7 +45,10 @@ def main():
         args = args[1:]
     if len(args) < 2:
         sys.exit(__doc__)
-    wine_run, command = args[0], args
+    command = args
+    wine_run = next((arg for arg in args if arg.endswith("wine-run")), None)
+    if wine_run is None:
+        sys.exit("the command does not use scripts/wine-run")
     settings = [(96, True), (144, True)]
     if with_themes_off:
         settings += [(96, False), (144, False)]
