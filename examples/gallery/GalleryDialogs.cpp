@@ -101,7 +101,9 @@ CString ShowWizard(CWnd& owner) {
     CString name(L"New item");
     WelcomePage welcome;
     DetailsPage details(name);
-    CWizardSheet wizard(IDB_WATERMARK);
+    // The watermark is drawn pixel for pixel: the one made for this DPI.
+    const int dpi = owner.GetDpi();
+    CWizardSheet wizard(dpi >= 192 ? IDB_WATERMARK192 : dpi >= 144 ? IDB_WATERMARK144 : IDB_WATERMARK);
     wizard.GetHeaderRecord().pszCaption = L"Gallery wizard";
     wizard.AddPages({welcome, details});
     const int result = wizard.DoWizard(owner.GetHwnd());

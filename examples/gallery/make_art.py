@@ -46,9 +46,12 @@ def write_bmp(path, cell):
         f.write(header + colours + data)
 
 
-def write_watermark(path, width=164, height=314):
+def write_watermark(path, scale=1.0):
     # The wizard's watermark: the library's blue, lighter towards the bottom,
-    # with a white band.
+    # with a white band. The wizard draws it pixel for pixel, so there is
+    # one for each DPI the gallery is shown at.
+    width, height = int(164 * scale), int(314 * scale)
+    band = (int(40 * scale), int(48 * scale))
     stride = (width * 3 + 3) & ~3
     rows = []
     for y in range(height - 1, -1, -1):
@@ -56,7 +59,7 @@ def write_watermark(path, width=164, height=314):
         colour = (int(20 + 60 * t), int(60 + 100 * t), int(120 + 100 * t))
         row = bytearray()
         for x in range(width):
-            r, g, b = (250, 250, 250) if 40 <= y < 48 else colour
+            r, g, b = (250, 250, 250) if band[0] <= y < band[1] else colour
             row += bytes((b, g, r))
         rows.append(bytes(row) + b"\0" * (stride - width * 3))
     data = b"".join(rows)
@@ -71,6 +74,8 @@ def main(folder):
     write_bmp(os.path.join(folder, "toolbar24.bmp"), 24)
     write_bmp(os.path.join(folder, "toolbar48.bmp"), 48)
     write_watermark(os.path.join(folder, "watermark.bmp"))
+    write_watermark(os.path.join(folder, "watermark144.bmp"), 1.5)
+    write_watermark(os.path.join(folder, "watermark192.bmp"), 2.0)
 
 
 if __name__ == "__main__":

@@ -54,6 +54,8 @@
 #define IDD_ABOUT 540
 #define IDD_SHOWIF 541
 #define IDB_WATERMARK 203
+#define IDB_WATERMARK144 204
+#define IDB_WATERMARK192 205
 // The frame's own commands: toggle the rebar and the status bar.
 #define ID_VIEW_REBAR 0xE800
 #define ID_VIEW_STATUSBAR 0xE801
