@@ -29,6 +29,9 @@ UINT LookCommand(MenuLooks::Look look) {
     }
 }
 
+// Where the recent files' sub-menu sits in the File menu (see gallery.rc).
+const int kRecentFilesPosition = 4;
+
 BOOL CALLBACK FindOpenPopup(HWND hwnd, LPARAM result) {
     wchar_t name[16] = {};
     ::GetClassNameW(hwnd, name, 16);
@@ -150,8 +153,9 @@ void GalleryFrame::OnInitMenu(CMenu& menu) {
     CFrameWndEx::OnInitMenu(menu);
     menu.CheckMenuRadioItem(ID_LOOK_CLASSIC, ID_LOOK_VISUAL, LookCommand(m_looks.GetLook()), MF_BYCOMMAND);
     menu.CheckMenuItem(ID_VIEW_PALETTE, MF_BYCOMMAND | (m_palette.IsWindowVisible() ? MF_CHECKED : MF_UNCHECKED));
-    // The recent files are items of the File menu, not of the bar.
-    if (CMenu* file = CMenu::FromHmenu(::GetSubMenu(menu, 0))) m_recent.UpdateMenu(*file, ID_FILE_MRU_FIRST);
+    // The recent files fill a sub-menu of the File menu, not the bar.
+    if (CMenu* recent = CMenu::FromHmenu(::GetSubMenu(::GetSubMenu(menu, 0), kRecentFilesPosition)))
+        m_recent.UpdateMenu(*recent, ID_FILE_MRU_FIRST);
 }
 
 void GalleryFrame::OnNotify(CNotification& notification) {
