@@ -98,6 +98,20 @@ void GalleryPage::MakeEdit(CEditControl& edit, UINT id, const wchar_t* text) {
     edit.SetWindowTextW(text);
 }
 
+void GalleryPage::LayoutTopRow(const CRect& content, std::initializer_list<Cell> row, CWnd& output) {
+    int rest = content.Width() - Gap() * (static_cast<int>(row.size()) - 1);
+    for (const Cell& cell : row) rest -= MulDivDpi(cell.width);
+    int x = content.left;
+    for (const Cell& cell : row) {
+        const int width = cell.width != 0 ? MulDivDpi(cell.width) : rest;
+        const int inset = MulDivDpi(cell.inset);
+        cell.wnd->SetWindowPos(ZOrderTop, x, content.top + inset, width, RowHeight() - 2 * inset, SWP_NOZORDER);
+        x += width + Gap();
+    }
+    const int top = content.top + RowHeight() + Gap();
+    output.SetWindowPos(ZOrderTop, content.left, top, content.Width(), content.bottom - top, SWP_NOZORDER);
+}
+
 HWND PageHost::Create(CWnd* parent) {
     return CreateEx(WS_EX_CONTROLPARENT, L"VlkWnd", L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 10, 10,
                     parent, nullptr);

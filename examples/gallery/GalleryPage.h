@@ -1,5 +1,7 @@
 #pragma once
 
+#include <initializer_list>
+
 #include "velkan/Velkan.h"
 
 // One page of the gallery's view: a heading with a line about what it
@@ -39,6 +41,16 @@ protected:
     // A multi-line, read-only edit control for a page's results.
     void MakeOutput(Velkan::CEditControl& edit, UINT id);
     void MakeEdit(Velkan::CEditControl& edit, UINT id, const wchar_t* text);
+    // A row of controls at the top of the content, and an output below it
+    // that takes the rest. Widths are at 96 DPI; 0 takes what the others
+    // leave. inset trims a control's top and bottom (edits and bars are
+    // lower than buttons).
+    struct Cell {
+        Velkan::CWnd* wnd;
+        int width;
+        int inset;
+    };
+    void LayoutTopRow(const Velkan::CRect& content, std::initializer_list<Cell> row, Velkan::CWnd& output);
     // One row of a layout: its height, and the gap between rows.
     int RowHeight() const { return MulDivDpi(26); }
     int Gap() const { return MulDivDpi(8); }

@@ -56,10 +56,7 @@ BOOL StringsPage::OnCommand(UINT wParam, LPARAM lParam) {
 }
 
 void StringsPage::Layout(const CRect& content) {
-    m_input.SetWindowPos(ZOrderTop, content.left, content.top, content.Width(), RowHeight() - MulDivDpi(4),
-                         SWP_NOZORDER);
-    const int top = content.top + RowHeight() + Gap();
-    m_output.SetWindowPos(ZOrderTop, content.left, top, content.Width(), content.bottom - top, SWP_NOZORDER);
+    LayoutTopRow(content, {{&m_input, 0, 2}}, m_output);
 }
 
 FilesPage::FilesPage()
@@ -100,9 +97,7 @@ BOOL FilesPage::OnCommand(UINT wParam, LPARAM lParam) {
 }
 
 void FilesPage::Layout(const CRect& content) {
-    m_pick.SetWindowPos(ZOrderTop, content.left, content.top, MulDivDpi(140), RowHeight(), SWP_NOZORDER);
-    const int top = content.top + RowHeight() + Gap();
-    m_output.SetWindowPos(ZOrderTop, content.left, top, content.Width(), content.bottom - top, SWP_NOZORDER);
+    LayoutTopRow(content, {{&m_pick, 140, 0}}, m_output);
 }
 
 ClipboardPage::ClipboardPage()
@@ -149,11 +144,5 @@ BOOL ClipboardPage::OnCommand(UINT wParam, LPARAM lParam) {
 }
 
 void ClipboardPage::Layout(const CRect& content) {
-    const int button = MulDivDpi(90);
-    m_text.SetWindowPos(ZOrderTop, content.left, content.top, content.Width() - 2 * (button + Gap()),
-                        RowHeight() - MulDivDpi(4), SWP_NOZORDER);
-    m_copy.SetWindowPos(ZOrderTop, content.right - 2 * button - Gap(), content.top, button, RowHeight(), SWP_NOZORDER);
-    m_paste.SetWindowPos(ZOrderTop, content.right - button, content.top, button, RowHeight(), SWP_NOZORDER);
-    const int top = content.top + RowHeight() + Gap();
-    m_output.SetWindowPos(ZOrderTop, content.left, top, content.Width(), content.bottom - top, SWP_NOZORDER);
+    LayoutTopRow(content, {{&m_text, 0, 2}, {&m_copy, 90, 0}, {&m_paste, 90, 0}}, m_output);
 }

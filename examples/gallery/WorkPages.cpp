@@ -83,12 +83,7 @@ BOOL HttpPage::WndProc(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT& result) 
 }
 
 void HttpPage::Layout(const CRect& content) {
-    const int button = MulDivDpi(90);
-    m_url.SetWindowPos(ZOrderTop, content.left, content.top, content.Width() - button - Gap(),
-                       RowHeight() - MulDivDpi(4), SWP_NOZORDER);
-    m_fetch.SetWindowPos(ZOrderTop, content.right - button, content.top, button, RowHeight(), SWP_NOZORDER);
-    const int top = content.top + RowHeight() + Gap();
-    m_output.SetWindowPos(ZOrderTop, content.left, top, content.Width(), content.bottom - top, SWP_NOZORDER);
+    LayoutTopRow(content, {{&m_url, 0, 2}, {&m_fetch, 90, 0}}, m_output);
 }
 
 ThreadsPage::ThreadsPage()
@@ -153,10 +148,5 @@ BOOL ThreadsPage::WndProc(UINT msg, WPARAM wParam, LPARAM lParam, LRESULT& resul
 }
 
 void ThreadsPage::Layout(const CRect& content) {
-    const int button = MulDivDpi(140);
-    m_start.SetWindowPos(ZOrderTop, content.left, content.top, button, RowHeight(), SWP_NOZORDER);
-    m_progress.SetWindowPos(ZOrderTop, content.left + button + Gap(), content.top + MulDivDpi(5),
-                            content.Width() - button - Gap(), RowHeight() - MulDivDpi(10), SWP_NOZORDER);
-    const int top = content.top + RowHeight() + Gap();
-    m_output.SetWindowPos(ZOrderTop, content.left, top, content.Width(), content.bottom - top, SWP_NOZORDER);
+    LayoutTopRow(content, {{&m_start, 140, 0}, {&m_progress, 0, 5}}, m_output);
 }
