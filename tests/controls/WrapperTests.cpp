@@ -7,9 +7,6 @@
 #include "velkan/controls/ComboBox.h"
 #include "velkan/controls/EditControl.h"
 #include "velkan/controls/ListBox.h"
-#include "velkan/controls/ProgressControl.h"
-#include "velkan/controls/RichEdit.h"
-#include "velkan/controls/Scrollbar.h"
 #include "velkan/controls/StaticControl.h"
 #include "velkan/controls/Tooltip.h"
 
@@ -86,32 +83,6 @@ TEST(ListControls, ItemTextIsNullOutOfRangeAndSelectionsListAllSelected) {
     EXPECT_EQ((std::vector<int>{1, 3}), list.GetSelectedIndices());
 }
 
-TEST(ProgressControl, SetRangeAnswersThePreviousRange) {
-    Parent parent;
-    CProgressControl progress;
-    ASSERT_NE(nullptr, progress.Create(parent, 45, kRect));
-    const PBRANGE initial = progress.SetRange(-5, 70000);
-    EXPECT_EQ(0, initial.iLow);
-    EXPECT_EQ(100, initial.iHigh);
-    const PBRANGE previous = progress.SetRange(1, 2);
-    EXPECT_EQ(-5, previous.iLow);
-    EXPECT_EQ(70000, previous.iHigh);
-}
-
-TEST(RichEdit, CreatesFromMsftEditAndCountsCharacters) {
-    Parent parent;
-    CRichEdit edit;
-    ASSERT_NE(nullptr, edit.Create(parent, 46, kRect, ES_MULTILINE));
-    EXPECT_TRUE(CRichEdit::LoadLibrary());
-    EXPECT_EQ(0, ::lstrcmpiW(L"RICHEDIT50W", edit.GetClassNameW()));
-    EXPECT_EQ(0, edit.GetTextLength());
-    edit.SetWindowTextW(L"h\u00e9llo w\u00f6rld");
-    EXPECT_EQ(11, edit.GetTextLength());
-    edit.SetSel(5, 5);
-    edit.ReplaceSel(L",");
-    EXPECT_EQ(12, edit.GetTextLength());
-}
-
 TEST(Tooltip, ToolsAreAddedAndDeletedByWindowAndId) {
     Parent parent;
     CButton button;
@@ -135,35 +106,4 @@ TEST(Tooltip, ToolsAreAddedAndDeletedByWindowAndId) {
     EXPECT_EQ(1, tips.GetToolCount());
     tips.DelTool(parent, 7);
     EXPECT_EQ(0, tips.GetToolCount());
-}
-
-TEST(Button, ClickNotifiesTheParentAndCheckBoxesKeepTheirState) {
-    Parent parent(true);
-    CButton push;
-    ASSERT_NE(nullptr, push.Create(parent, 48, kRect, BS_PUSHBUTTON));
-    push.Click();
-    EXPECT_EQ((std::vector<WPARAM>{MAKEWPARAM(48, BN_CLICKED)}), parent.commands);
-
-    CButton check;
-    ASSERT_NE(nullptr, check.Create(parent, 49, CRect(5, 120, 205, 150), BS_AUTOCHECKBOX));
-    EXPECT_EQ(static_cast<UINT>(BST_UNCHECKED), check.GetCheck());
-    check.SetCheck(BST_CHECKED);
-    EXPECT_EQ(static_cast<UINT>(BST_CHECKED), check.GetCheck());
-    check.Click();
-    EXPECT_EQ(static_cast<UINT>(BST_UNCHECKED), check.GetCheck());
-}
-
-TEST(Scrollbar, VerticalBarKeepsItsPositionWithinTheRange) {
-    Parent parent;
-    CScrollbar bar;
-    ASSERT_NE(nullptr, bar.Create(parent, 50, CRect(0, 0, 20, 200), SBS_VERT));
-    EXPECT_EQ(static_cast<DWORD>(SBS_VERT), bar.GetWindowStyle() & SBS_VERT);
-    EXPECT_FALSE(bar.IsSizeBox());
-    bar.SetScrollRange(10, 40);
-    bar.SetScrollPos(25);
-    EXPECT_EQ(25, bar.GetScrollPos());
-    EXPECT_EQ(25, bar.SetScrollPos(99));
-    EXPECT_EQ(40, bar.GetScrollPos());
-    bar.SetScrollPos(-3);
-    EXPECT_EQ(10, bar.GetScrollPos());
 }
